@@ -1,0 +1,73 @@
+// The platform seam: everything the library asks of the windowing system and the
+// desktop goes through one object of this class, so that the library's logic runs
+// the same headless (tests, batch programs, the command-line tools) and under Qt.
+//
+// Contract:
+// - One platform is in force per process. SetPlatform installs one (not owned; the
+//   caller keeps it alive while installed); SetPlatform(nullptr) restores the
+//   headless default. GetPlatform never returns null.
+// - The Qt layer (vglobal::widgets) installs its platform by itself as soon as a
+//   QApplication exists, and restores the default when it goes away.
+// - Called on the application's user-interface thread only.
+#pragma once
+
+#include <string>
+
+#include "vglobal/compat/cstring.h"
+#include "vglobal/compat/types.h"
+#include "vglobal/export.h"
+
+class CWnd;
+class CDialog;
+
+namespace vglobal {
+
+class VGLOBAL_EXPORT Platform {
+ public:
+  virtual ~Platform();
+
+  // Shows a message box. owner may be null; caption null means no caption of the
+  // caller's own (the application's name is shown). Returns the button pressed
+  // (IDOK = 1 ...). The headless default writes caption and text to standard error
+  // and answers IDOK.
+  virtual int MessageBox(CWnd* owner, const wchar_t* text, const wchar_t* caption,
+                         UINT style) = 0;
+
+  // The application's display name (used as the caption of message boxes that
+  // have none).
+  virtual CString ApplicationName() = 0;
+
+  // Runs a dialog model modally and returns its end code (IDOK, IDCANCEL, or what
+  // the dialog passed to EndDialog). The headless default answers IDCANCEL without
+  // running the dialog.
+  virtual INT_PTR RunModal(CDialog& dialog) = 0;
+
+  // Opens a file or URL with the desktop's opener ("open" verb). Returns false when
+  // nothing could be started. Default: xdg-open, started without a shell.
+  virtual bool OpenWithDesktop(const std::wstring& target);
+
+  // Whether a help viewer can be had on this system (the desktop opener exists).
+  // Asked once per process by the help launcher, which remembers a "no".
+  virtual bool HelpViewerAvailable();
+
+  // The name the user logged on with. Default: the password entry of the
+  // effective user id.
+  virtual CString LogonName();
+
+  // Milliseconds since the system started (wraps at 2^32). Default: CLOCK_MONOTONIC.
+  virtual DWORD TickCount();
+};
+
+// The headless platform: message boxes go to standard error and answer IDOK,
+// dialogs answer IDCANCEL, everything else uses the POSIX defaults above.
+class VGLOBAL_EXPORT HeadlessPlatform : public Platform {
+ public:
+  int MessageBox(CWnd* owner, const wchar_t* text, const wchar_t* caption, UINT style) override;
+  CString ApplicationName() override;
+  INT_PTR RunModal(CDialog& dialog) override;
+};
+
+VGLOBAL_EXPORT void SetPlatform(Platform* platform);
+VGLOBAL_EXPORT Platform& GetPlatform();
+
+}  // namespace vglobal

@@ -1,0 +1,161 @@
+// Conversions between wide text (UTF-32 in wchar_t) and UTF-8 / UTF-16, and the
+// case folding used for names that compare without regard to case.
+#include "vglobal/compat/unicode.h"
+
+#include <clocale>
+#include <cwctype>
+#include <locale.h>
+
+namespace vglobal {
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+bool IsSurrogate(char32_t c) { return c >= 0xD800 && c <= 0xDFFF; }
+
+void AppendUtf8(std::string& out, char32_t c) {
+  if (c > 0x10FFFF) c = kReplacement;
+  if (c < 0x80) {
+    out.push_back(static_cast<char>(c));
+  } else if (c < 0x800) {
+    out.push_back(static_cast<char>(0xC0 | (c >> 6)));
+    out.push_back(static_cast<char>(0x80 | (c & 0x3F)));
+  } else if (c < 0x10000) {
+    // Unpaired surrogates are carried through in the same three-byte form so that
+    // any wide text written to a store or file reads back unchanged.
+    out.push_back(static_cast<char>(0xE0 | (c >> 12)));
+    out.push_back(static_cast<char>(0x80 | ((c >> 6) & 0x3F)));
+    out.push_back(static_cast<char>(0x80 | (c & 0x3F)));
+  } else {
+    out.push_back(static_cast<char>(0xF0 | (c >> 18)));
+    out.push_back(static_cast<char>(0x80 | ((c >> 12) & 0x3F)));
+    out.push_back(static_cast<char>(0x80 | ((c >> 6) & 0x3F)));
+    out.push_back(static_cast<char>(0x80 | (c & 0x3F)));
+  }
+}
+
+// The C.UTF-8 locale carries glibc's full Unicode case tables; the classic locale
+// only knows ASCII, so it is the fallback when C.UTF-8 is missing.
+locale_t CaseLocale() {
+  static locale_t loc = [] {
+    locale_t l = newlocale(LC_CTYPE_MASK, "C.UTF-8", static_cast<locale_t>(0));
+    if (!l) l = newlocale(LC_CTYPE_MASK, "C", static_cast<locale_t>(0));
+    return l;
+  }();
+  return loc;
+}
+
+}  // namespace
+
+std::string WideToUtf8(std::wstring_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (wchar_t w : text) AppendUtf8(out, static_cast<char32_t>(w));
+  return out;
+}
+
+std::wstring Utf8ToWide(std::string_view text) {
+  std::wstring out;
+  out.reserve(text.size());
+  const auto* p = reinterpret_cast<const unsigned char*>(text.data());
+  const std::size_t n = text.size();
+  std::size_t i = 0;
+  while (i < n) {
+    unsigned char b = p[i];
+    if (b < 0x80) {
+      out.push_back(static_cast<wchar_t>(b));
+      ++i;
+      continue;
+    }
+    int extra;
+    char32_t c;
+    char32_t min;
+    if ((b & 0xE0) == 0xC0) {
+      extra = 1, c = b & 0x1F, min = 0x80;
+    } else if ((b & 0xF0) == 0xE0) {
+      extra = 2, c = b & 0x0F, min = 0x800;
+    } else if ((b & 0xF8) == 0xF0) {
+      extra = 3, c = b & 0x07, min = 0x10000;
+    } else {
+      out.push_back(static_cast<wchar_t>(kReplacement));
+      ++i;
+      continue;
+    }
+    if (i + static_cast<std::size_t>(extra) >= n) {
+      // The sequence runs past the end of the input.
+      out.push_back(static_cast<wchar_t>(kReplacement));
+      ++i;
+      continue;
+    }
+    bool ok = true;
+    for (int k = 1; k <= extra; ++k) {
+      if ((p[i + k] & 0xC0) != 0x80) {
+        ok = false;
+        break;
+      }
+      c = (c << 6) | (p[i + k] & 0x3F);
+    }
+    if (!ok || c < min || c > 0x10FFFF) {
+      out.push_back(static_cast<wchar_t>(kReplacement));
+      ++i;
+      continue;
+    }
+    out.push_back(static_cast<wchar_t>(c));
+    i += static_cast<std::size_t>(extra) + 1;
+  }
+  return out;
+}
+
+std::u16string WideToUtf16(std::wstring_view text) {
+  std::u16string out;
+  out.reserve(text.size());
+  for (wchar_t w : text) {
+    auto c = static_cast<char32_t>(w);
+    if (c > 0x10FFFF) c = kReplacement;
+    if (c >= 0x10000) {
+      c -= 0x10000;
+      out.push_back(static_cast<char16_t>(0xD800 + (c >> 10)));
+      out.push_back(static_cast<char16_t>(0xDC00 + (c & 0x3FF)));
+    } else {
+      out.push_back(static_cast<char16_t>(c));
+    }
+  }
+  return out;
+}
+
+std::wstring Utf16ToWide(std::u16string_view text) {
+  std::wstring out;
+  out.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    char32_t c = text[i];
+    if (c >= 0xD800 && c <= 0xDBFF && i + 1 < text.size() && text[i + 1] >= 0xDC00 &&
+        text[i + 1] <= 0xDFFF) {
+      c = 0x10000 + ((c - 0xD800) << 10) + (text[i + 1] - 0xDC00);
+      ++i;
+    } else if (IsSurrogate(c)) {
+      c = kReplacement;
+    }
+    out.push_back(static_cast<wchar_t>(c));
+  }
+  return out;
+}
+
+wchar_t FoldCase(wchar_t ch) {
+  if (ch < 0x80) return (ch >= L'a' && ch <= L'z') ? static_cast<wchar_t>(ch - 32) : ch;
+  if (IsSurrogate(static_cast<char32_t>(ch)) || static_cast<char32_t>(ch) > 0x10FFFF) return ch;
+  return static_cast<wchar_t>(towupper_l(static_cast<wint_t>(ch), CaseLocale()));
+}
+
+wchar_t LowerCase(wchar_t ch) {
+  if (ch < 0x80) return (ch >= L'A' && ch <= L'Z') ? static_cast<wchar_t>(ch + 32) : ch;
+  if (IsSurrogate(static_cast<char32_t>(ch)) || static_cast<char32_t>(ch) > 0x10FFFF) return ch;
+  return static_cast<wchar_t>(towlower_l(static_cast<wint_t>(ch), CaseLocale()));
+}
+
+std::wstring FoldCase(std::wstring_view text) {
+  std::wstring out(text);
+  for (wchar_t& c : out) c = FoldCase(c);
+  return out;
+}
+
+}  // namespace vglobal
