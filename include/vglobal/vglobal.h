@@ -1,0 +1,25 @@
+// All of vglobal::core: the compat vocabulary, the platform seam, the settings
+// store, the library frame and every subsystem's API. Includes no Qt header.
+#pragma once
+
+#include "vglobal/export.h"
+
+#include "vglobal/compat/collections.h"
+#include "vglobal/compat/cstring.h"
+#include "vglobal/compat/dialog.h"
+#include "vglobal/compat/filestatus.h"
+#include "vglobal/compat/geometry.h"
+#include "vglobal/compat/resources.h"
+#include "vglobal/compat/types.h"
+#include "vglobal/compat/unicode.h"
+#include "vglobal/compat/variant.h"
+#include "vglobal/compat/window.h"
+
+#include "vglobal/platform.h"
+
+#include "vglobal/settings.h"
+#include "vglobal/settings_store.h"
+
+#include "vglobal/fileio/device_types.h"
+
+#include "vglobal/frame.h"
