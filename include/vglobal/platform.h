@@ -30,8 +30,7 @@ class VGLOBAL_EXPORT Platform {
   // caller's own (the application's name is shown). Returns the button pressed
   // (IDOK = 1 ...). The headless default writes caption and text to standard error
   // and answers IDOK.
-  virtual int MessageBox(CWnd* owner, const wchar_t* text, const wchar_t* caption,
-                         UINT style) = 0;
+  virtual int MessageBox(CWnd* owner, const wchar_t* text, const wchar_t* caption, UINT style) = 0;
 
   // The application's display name (used as the caption of message boxes that
   // have none).

@@ -17,7 +17,9 @@ std::size_t Clamp(int v, std::size_t size) {
   return std::min(static_cast<std::size_t>(v), size);
 }
 
-bool IsSpace(wchar_t c) { return std::iswspace(static_cast<wint_t>(c)) != 0; }
+bool IsSpace(wchar_t c) {
+  return std::iswspace(static_cast<wint_t>(c)) != 0;
+}
 
 // A BSTR keeps its length in bytes in the four bytes before the text.
 struct BstrHeader {
@@ -31,7 +33,8 @@ CString::CString(const wchar_t* text, int length) {
   if (text && length > 0) s_.assign(text, static_cast<std::size_t>(length));
 }
 CString::CString(const char* utf8) : s_(utf8 ? vglobal::Utf8ToWide(utf8) : std::wstring()) {}
-CString::CString(wchar_t ch, int repeat) : s_(repeat > 0 ? static_cast<std::size_t>(repeat) : 0, ch) {}
+CString::CString(wchar_t ch, int repeat)
+    : s_(repeat > 0 ? static_cast<std::size_t>(repeat) : 0, ch) {}
 CString::CString(std::wstring_view text) : s_(text) {}
 CString::CString(std::wstring text) : s_(std::move(text)) {}
 
@@ -47,7 +50,9 @@ void CString::SetAt(int index, wchar_t ch) {
   s_[static_cast<std::size_t>(index)] = ch;
 }
 
-std::string CString::ToUtf8() const { return vglobal::WideToUtf8(s_); }
+std::string CString::ToUtf8() const {
+  return vglobal::WideToUtf8(s_);
+}
 
 CString& CString::operator=(const wchar_t* text) {
   s_ = text ? text : L"";
@@ -73,7 +78,9 @@ void CString::Append(const wchar_t* text, int length) {
   if (text && length > 0) s_.append(text, static_cast<std::size_t>(length));
 }
 
-CString operator+(const CString& a, const CString& b) { return CString(a.s_ + b.s_); }
+CString operator+(const CString& a, const CString& b) {
+  return CString(a.s_ + b.s_);
+}
 CString operator+(const CString& a, const wchar_t* b) {
   CString r(a);
   r += b;
@@ -130,7 +137,9 @@ int CString::FindOneOf(const wchar_t* chars) const {
   return pos == std::wstring::npos ? -1 : static_cast<int>(pos);
 }
 
-CString CString::Mid(int first) const { return Mid(first, std::numeric_limits<int>::max()); }
+CString CString::Mid(int first) const {
+  return Mid(first, std::numeric_limits<int>::max());
+}
 
 CString CString::Mid(int first, int count) const {
   std::size_t f = Clamp(first, s_.size());
@@ -138,7 +147,9 @@ CString CString::Mid(int first, int count) const {
   return CString(s_.substr(f, n));
 }
 
-CString CString::Left(int count) const { return CString(s_.substr(0, Clamp(count, s_.size()))); }
+CString CString::Left(int count) const {
+  return CString(s_.substr(0, Clamp(count, s_.size())));
+}
 
 CString CString::Right(int count) const {
   std::size_t n = Clamp(count, s_.size());
@@ -189,9 +200,15 @@ CString& CString::MakeReverse() {
   return *this;
 }
 
-CString& CString::Trim() { return TrimRight().TrimLeft(); }
-CString& CString::Trim(wchar_t ch) { return TrimRight(ch).TrimLeft(ch); }
-CString& CString::Trim(const wchar_t* chars) { return TrimRight(chars).TrimLeft(chars); }
+CString& CString::Trim() {
+  return TrimRight().TrimLeft();
+}
+CString& CString::Trim(wchar_t ch) {
+  return TrimRight(ch).TrimLeft(ch);
+}
+CString& CString::Trim(const wchar_t* chars) {
+  return TrimRight(chars).TrimLeft(chars);
+}
 
 CString& CString::TrimLeft() {
   auto it = std::find_if(s_.begin(), s_.end(), [](wchar_t c) { return !IsSpace(c); });
@@ -276,7 +293,9 @@ int CString::Delete(int index, int count) {
   return GetLength();
 }
 
-void CString::Truncate(int length) { s_.resize(Clamp(length, s_.size())); }
+void CString::Truncate(int length) {
+  s_.resize(Clamp(length, s_.size()));
+}
 
 wchar_t* CString::GetBuffer(int minLength) {
   if (minLength > 0 && static_cast<std::size_t>(minLength) > s_.size())
@@ -298,7 +317,9 @@ void CString::ReleaseBuffer(int newLength) {
   }
 }
 
-void CString::FormatV(const wchar_t* format, va_list args) { s_ = vglobal::fmt::FormatV(format, args); }
+void CString::FormatV(const wchar_t* format, va_list args) {
+  s_ = vglobal::fmt::FormatV(format, args);
+}
 
 void CString::AppendFormatV(const wchar_t* format, va_list args) {
   s_ += vglobal::fmt::FormatV(format, args);
@@ -328,10 +349,13 @@ BSTR SysAllocStringLen(const wchar_t* text, UINT length) {
   auto* block = static_cast<unsigned char*>(
       ::operator new(sizeof(BstrHeader) + (length + 1) * sizeof(wchar_t), std::nothrow));
   if (!block) return nullptr;
-  reinterpret_cast<BstrHeader*>(block)->bytes = static_cast<std::uint32_t>(length * sizeof(wchar_t));
+  reinterpret_cast<BstrHeader*>(block)->bytes =
+      static_cast<std::uint32_t>(length * sizeof(wchar_t));
   auto* str = reinterpret_cast<wchar_t*>(block + sizeof(BstrHeader));
-  if (text) std::copy(text, text + length, str);
-  else std::fill(str, str + length, L'\0');
+  if (text)
+    std::copy(text, text + length, str);
+  else
+    std::fill(str, str + length, L'\0');
   str[length] = L'\0';
   return str;
 }
@@ -342,6 +366,7 @@ void SysFreeString(BSTR text) {
 
 UINT SysStringLen(BSTR text) {
   if (!text) return 0;
-  auto* header = reinterpret_cast<BstrHeader*>(reinterpret_cast<unsigned char*>(text) - sizeof(BstrHeader));
+  auto* header =
+      reinterpret_cast<BstrHeader*>(reinterpret_cast<unsigned char*>(text) - sizeof(BstrHeader));
   return header->bytes / sizeof(wchar_t);
 }

@@ -42,12 +42,13 @@ BOOL CFile::GetStatus(const wchar_t* path, CFileStatus& status) {
 
   std::error_code ec;
   std::filesystem::path full = std::filesystem::absolute(narrow, ec);
-  std::wstring fullName = ec ? std::wstring(path) : vglobal::Utf8ToWide(full.lexically_normal().string());
+  std::wstring fullName =
+      ec ? std::wstring(path) : vglobal::Utf8ToWide(full.lexically_normal().string());
   if (fullName.size() >= static_cast<std::size_t>(MAX_PATH)) return FALSE;
 
   CFileStatus s;
   s.m_ctime = CTime::FromNanoseconds((sx.stx_mask & STATX_BTIME) ? Nanoseconds(sx.stx_btime)
-                                                                   : Nanoseconds(sx.stx_ctime));
+                                                                 : Nanoseconds(sx.stx_ctime));
   s.m_mtime = CTime::FromNanoseconds(Nanoseconds(sx.stx_mtime));
   s.m_atime = CTime::FromNanoseconds(Nanoseconds(sx.stx_atime));
   s.m_size = sx.stx_size;

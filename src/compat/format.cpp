@@ -10,12 +10,12 @@
 // glibc's wide printf differs from the Windows one (%s means narrow there), so a
 // legacy format is never handed to the C library as a whole: each directive is
 // rendered on its own with a format we build ourselves.
+#include <locale.h>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <cwchar>
-#include <locale.h>
 #include <string>
 
 #include "vglobal/compat/cstring.h"
@@ -38,7 +38,9 @@ struct Directive {
   wchar_t conv = 0;
 };
 
-bool IsFlag(wchar_t c) { return c == L'-' || c == L'+' || c == L' ' || c == L'#' || c == L'0'; }
+bool IsFlag(wchar_t c) {
+  return c == L'-' || c == L'+' || c == L' ' || c == L'#' || c == L'0';
+}
 
 int ReadNumber(const wchar_t*& p) {
   long long v = 0;
@@ -119,9 +121,26 @@ bool ParseDirective(const wchar_t*& p, Directive& d) {
   if (*p == 0) return false;
   d.conv = *p++;
   switch (d.conv) {
-    case L'd': case L'i': case L'u': case L'o': case L'x': case L'X':
-    case L'e': case L'E': case L'f': case L'F': case L'g': case L'G': case L'a': case L'A':
-    case L'c': case L'C': case L's': case L'S': case L'p': case L'n':
+    case L'd':
+    case L'i':
+    case L'u':
+    case L'o':
+    case L'x':
+    case L'X':
+    case L'e':
+    case L'E':
+    case L'f':
+    case L'F':
+    case L'g':
+    case L'G':
+    case L'a':
+    case L'A':
+    case L'c':
+    case L'C':
+    case L's':
+    case L'S':
+    case L'p':
+    case L'n':
       return true;
     default:
       return false;
@@ -151,12 +170,23 @@ class TypedSource : public Source {
     const Arg* a = Next();
     if (!a) return false;
     switch (a->kind) {
-      case Arg::Kind::Int: out = a->i; return true;
-      case Arg::Kind::UInt: out = static_cast<long long>(a->u); return true;
-      case Arg::Kind::Double: out = ClampToInt(a->d); return true;
-      case Arg::Kind::LongDouble: out = ClampToInt(static_cast<double>(a->ld)); return true;
-      case Arg::Kind::Pointer: out = static_cast<long long>(reinterpret_cast<std::uintptr_t>(a->p)); return true;
-      default: return false;
+      case Arg::Kind::Int:
+        out = a->i;
+        return true;
+      case Arg::Kind::UInt:
+        out = static_cast<long long>(a->u);
+        return true;
+      case Arg::Kind::Double:
+        out = ClampToInt(a->d);
+        return true;
+      case Arg::Kind::LongDouble:
+        out = ClampToInt(static_cast<double>(a->ld));
+        return true;
+      case Arg::Kind::Pointer:
+        out = static_cast<long long>(reinterpret_cast<std::uintptr_t>(a->p));
+        return true;
+      default:
+        return false;
     }
   }
   bool UInt(Size size, unsigned long long& out) override {
@@ -169,11 +199,20 @@ class TypedSource : public Source {
     const Arg* a = Next();
     if (!a) return false;
     switch (a->kind) {
-      case Arg::Kind::Int: out = static_cast<long double>(a->i); return true;
-      case Arg::Kind::UInt: out = static_cast<long double>(a->u); return true;
-      case Arg::Kind::Double: out = a->d; return true;
-      case Arg::Kind::LongDouble: out = a->ld; return true;
-      default: return false;
+      case Arg::Kind::Int:
+        out = static_cast<long double>(a->i);
+        return true;
+      case Arg::Kind::UInt:
+        out = static_cast<long double>(a->u);
+        return true;
+      case Arg::Kind::Double:
+        out = a->d;
+        return true;
+      case Arg::Kind::LongDouble:
+        out = a->ld;
+        return true;
+      default:
+        return false;
     }
   }
   bool WideChar(wchar_t& out) override {
@@ -215,12 +254,23 @@ class TypedSource : public Source {
     const Arg* a = Next();
     if (!a) return false;
     switch (a->kind) {
-      case Arg::Kind::Pointer: out = a->p; return true;
-      case Arg::Kind::Wide: out = a->ws; return true;
-      case Arg::Kind::Narrow: out = a->ns; return true;
-      case Arg::Kind::Int: out = reinterpret_cast<const void*>(static_cast<std::uintptr_t>(a->i)); return true;
-      case Arg::Kind::UInt: out = reinterpret_cast<const void*>(static_cast<std::uintptr_t>(a->u)); return true;
-      default: return false;
+      case Arg::Kind::Pointer:
+        out = a->p;
+        return true;
+      case Arg::Kind::Wide:
+        out = a->ws;
+        return true;
+      case Arg::Kind::Narrow:
+        out = a->ns;
+        return true;
+      case Arg::Kind::Int:
+        out = reinterpret_cast<const void*>(static_cast<std::uintptr_t>(a->i));
+        return true;
+      case Arg::Kind::UInt:
+        out = reinterpret_cast<const void*>(static_cast<std::uintptr_t>(a->u));
+        return true;
+      default:
+        return false;
     }
   }
 
@@ -247,19 +297,35 @@ class VaSource : public Source {
 
   bool Int(Size size, long long& out) override {
     switch (size) {
-      case Size::Long: out = va_arg(args_, long); break;
-      case Size::LongLong: out = va_arg(args_, long long); break;
-      case Size::Ptr: out = va_arg(args_, std::intptr_t); break;
-      default: out = va_arg(args_, int); break;
+      case Size::Long:
+        out = va_arg(args_, long);
+        break;
+      case Size::LongLong:
+        out = va_arg(args_, long long);
+        break;
+      case Size::Ptr:
+        out = va_arg(args_, std::intptr_t);
+        break;
+      default:
+        out = va_arg(args_, int);
+        break;
     }
     return true;
   }
   bool UInt(Size size, unsigned long long& out) override {
     switch (size) {
-      case Size::Long: out = va_arg(args_, unsigned long); break;
-      case Size::LongLong: out = va_arg(args_, unsigned long long); break;
-      case Size::Ptr: out = va_arg(args_, std::uintptr_t); break;
-      default: out = va_arg(args_, unsigned int); break;
+      case Size::Long:
+        out = va_arg(args_, unsigned long);
+        break;
+      case Size::LongLong:
+        out = va_arg(args_, unsigned long long);
+        break;
+      case Size::Ptr:
+        out = va_arg(args_, std::uintptr_t);
+        break;
+      default:
+        out = va_arg(args_, unsigned int);
+        break;
     }
     return true;
   }
@@ -367,9 +433,12 @@ void Render(const Directive& d, Source& src, std::wstring& out) {
     case L'i': {
       long long v;
       if (!src.Int(d.size, v)) return;
-      if (d.size == Size::Short) v = static_cast<short>(v);
-      else if (d.size == Size::Char) v = static_cast<signed char>(v);
-      else if (d.size == Size::None) v = static_cast<int>(v);
+      if (d.size == Size::Short)
+        v = static_cast<short>(v);
+      else if (d.size == Size::Char)
+        v = static_cast<signed char>(v);
+      else if (d.size == Size::None)
+        v = static_cast<int>(v);
       AppendAscii(out, CFormat(NumberSpec(eff, width, precision, "ll", 'd'), v));
       return;
     }
@@ -379,23 +448,36 @@ void Render(const Directive& d, Source& src, std::wstring& out) {
     case L'X': {
       unsigned long long v;
       if (!src.UInt(d.size, v)) return;
-      if (d.size == Size::Short) v = static_cast<unsigned short>(v);
-      else if (d.size == Size::Char) v = static_cast<unsigned char>(v);
-      else if (d.size == Size::None) v = static_cast<unsigned int>(v);
-      AppendAscii(out, CFormat(NumberSpec(eff, width, precision, "ll", static_cast<char>(d.conv)), v));
+      if (d.size == Size::Short)
+        v = static_cast<unsigned short>(v);
+      else if (d.size == Size::Char)
+        v = static_cast<unsigned char>(v);
+      else if (d.size == Size::None)
+        v = static_cast<unsigned int>(v);
+      AppendAscii(out,
+                  CFormat(NumberSpec(eff, width, precision, "ll", static_cast<char>(d.conv)), v));
       return;
     }
-    case L'e': case L'E': case L'f': case L'F': case L'g': case L'G': case L'a': case L'A': {
+    case L'e':
+    case L'E':
+    case L'f':
+    case L'F':
+    case L'g':
+    case L'G':
+    case L'a':
+    case L'A': {
       long double v;
       if (!src.Float(d.size, v)) return;
-      AppendAscii(out, CFormat(NumberSpec(eff, width, precision, "L", static_cast<char>(d.conv)), v));
+      AppendAscii(out,
+                  CFormat(NumberSpec(eff, width, precision, "L", static_cast<char>(d.conv)), v));
       return;
     }
     case L'p': {
       const void* p;
       if (!src.Pointer(p)) return;
       // Pointers print as 16 upper-case hexadecimal digits without a prefix.
-      std::string body = CFormat("%016llX", static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(p)));
+      std::string body =
+          CFormat("%016llX", static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(p)));
       std::wstring wbody;
       AppendAscii(wbody, body);
       Pad(out, wbody, width, left);
@@ -404,8 +486,8 @@ void Render(const Directive& d, Source& src, std::wstring& out) {
     case L'c':
     case L'C': {
       // In a wide format %c and %lc/%wc are wide; %C and %hc are narrow.
-      bool narrow = (d.conv == L'C' && d.size != Size::Long && d.size != Size::Wide) ||
-                    d.size == Size::Short;
+      bool narrow =
+          (d.conv == L'C' && d.size != Size::Long && d.size != Size::Wide) || d.size == Size::Short;
       wchar_t ch;
       if (narrow) {
         char c;
@@ -420,8 +502,8 @@ void Render(const Directive& d, Source& src, std::wstring& out) {
     case L's':
     case L'S': {
       // In a wide format %s, %ls and %ws are wide; %S and %hs are narrow (UTF-8).
-      bool narrow = (d.conv == L'S' && d.size != Size::Long && d.size != Size::Wide) ||
-                    d.size == Size::Short;
+      bool narrow =
+          (d.conv == L'S' && d.size != Size::Long && d.size != Size::Wide) || d.size == Size::Short;
       const wchar_t* w = nullptr;
       const char* n = nullptr;
       if (!src.Text(narrow, w, n)) return;

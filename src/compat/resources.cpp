@@ -25,8 +25,8 @@ Chain& TheChain() {
 std::optional<std::wstring_view> FindIn(const ResourceTables* t, UINT id) {
   if (!t || !t->strings) return std::nullopt;
   const StringEntry* end = t->strings + t->stringCount;
-  const StringEntry* it = std::lower_bound(t->strings, end, id,
-                                           [](const StringEntry& e, UINT v) { return e.id < v; });
+  const StringEntry* it =
+      std::lower_bound(t->strings, end, id, [](const StringEntry& e, UINT v) { return e.id < v; });
   if (it == end || it->id != id || !it->text) return std::nullopt;
   return std::wstring_view(it->text);
 }
@@ -58,16 +58,19 @@ void SetApplicationResources(const ResourceTables* tables) {
 }
 
 std::optional<std::wstring_view> FindResourceString(UINT id) {
-  return Search<std::optional<std::wstring_view>>([id](const ResourceTables* t) { return FindIn(t, id); });
+  return Search<std::optional<std::wstring_view>>(
+      [id](const ResourceTables* t) { return FindIn(t, id); });
 }
 
 const DialogTemplate* FindDialogTemplate(UINT id) {
-  return Search<const DialogTemplate*>([id](const ResourceTables* t) { return FindDialogIn(t, id); });
+  return Search<const DialogTemplate*>(
+      [id](const ResourceTables* t) { return FindDialogIn(t, id); });
 }
 
 }  // namespace vglobal
 
-BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& module, const vglobal::ResourceTables& resources) {
+BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& module,
+                            const vglobal::ResourceTables& resources) {
   module.resources = &resources;
   module.bInitialized = TRUE;
   return TRUE;

@@ -78,10 +78,12 @@ std::optional<HelpRequest> MapHelpCommand(UINT command, DWORD_PTR data) {
   }
 }
 
-std::optional<std::wstring> FindHelpTopic(const std::wstring& helpFolder, const HelpRequest& request) {
+std::optional<std::wstring> FindHelpTopic(const std::wstring& helpFolder,
+                                          const HelpRequest& request) {
   std::ifstream map(WideToUtf8(helpFolder) + "/topics.map");
   if (!map) return std::nullopt;
-  std::string wanted = request.command == HH_DISPLAY_TOPIC ? "default" : std::to_string(request.data);
+  std::string wanted =
+      request.command == HH_DISPLAY_TOPIC ? "default" : std::to_string(request.data);
   std::string line;
   while (std::getline(map, line)) {
     std::istringstream fields(line);

@@ -33,7 +33,8 @@ struct HelpRequest {
 std::optional<HelpRequest> MapHelpCommand(UINT command, DWORD_PTR data);
 
 // The topic file (relative to the help folder) for a request, from the folder's map.
-std::optional<std::wstring> FindHelpTopic(const std::wstring& helpFolder, const HelpRequest& request);
+std::optional<std::wstring> FindHelpTopic(const std::wstring& helpFolder,
+                                          const HelpRequest& request);
 
 // Forgets the late-bound viewer so that the next call binds again (tests only).
 void ResetHelpBinding();

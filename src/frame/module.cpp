@@ -26,7 +26,9 @@ AFX_EXTENSION_MODULE& LibraryModule() {
   return module;
 }
 
-const void* ModuleInstance() { return &kModuleIdentity; }
+const void* ModuleInstance() {
+  return &kModuleIdentity;
+}
 
 BOOL ProcessAttach() {
   WindowClass fontPreview;
@@ -54,12 +56,15 @@ namespace {
 
 __attribute__((constructor(101))) void OnLoad() {
   if (!ProcessAttach())
-    std::fputs("vglobal: the library could not attach to this process (window class "
-               "\"CFontPreview\" or its module record could not be set up)\n",
-               stderr);
+    std::fputs(
+        "vglobal: the library could not attach to this process (window class "
+        "\"CFontPreview\" or its module record could not be set up)\n",
+        stderr);
 }
 
-__attribute__((destructor(101))) void OnUnload() { ProcessDetach(); }
+__attribute__((destructor(101))) void OnUnload() {
+  ProcessDetach();
+}
 
 }  // namespace
 }  // namespace vglobal::frame

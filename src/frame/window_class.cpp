@@ -44,6 +44,8 @@ std::optional<WindowClass> FindWindowClass(const std::wstring& name) {
   return it->second;
 }
 
-LRESULT DefaultWindowProcedure(HWND, UINT, WPARAM, LPARAM) { return 0; }
+LRESULT DefaultWindowProcedure(HWND, UINT, WPARAM, LPARAM) {
+  return 0;
+}
 
 }  // namespace vglobal

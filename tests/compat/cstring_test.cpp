@@ -41,7 +41,9 @@ TEST(CStringSearch, FindsFromAStartAndReportsMinusOne) {
 TEST(CStringCompare, NoCaseFoldsAllOfUnicode) {
   EXPECT_EQ(CString(L"Stra\u00dfe").CompareNoCase(L"STRA\u00dfE"), 0);
   EXPECT_EQ(CString(L"\u00c4bc").CompareNoCase(L"\u00e4BC"), 0);
-  EXPECT_EQ(CString(L"\u0394\u0435\u043b\u044c\u0442\u0430").CompareNoCase(L"\u03b4\u0415\u041b\u042c\u0422\u0410"), 0);
+  EXPECT_EQ(CString(L"\u0394\u0435\u043b\u044c\u0442\u0430")
+                .CompareNoCase(L"\u03b4\u0415\u041b\u042c\u0422\u0410"),
+            0);
   EXPECT_LT(CString(L"abc").CompareNoCase(L"ABD"), 0);
   EXPECT_GT(CString(L"abc").Compare(L"ABC"), 0);
   CString up(L"\u00e9t\u00e9");
@@ -103,7 +105,9 @@ TEST(UnicodeConversion, RoundTripsEveryValidCharacterAndReplacesBadBytes) {
   std::wstring lone(1, static_cast<wchar_t>(0xD800));
   EXPECT_EQ(vglobal::Utf8ToWide(vglobal::WideToUtf8(lone)), lone);
   // Malformed input never stops the conversion.
-  EXPECT_EQ(vglobal::Utf8ToWide("a\xff" "b"), L"a\uFFFDb");
+  EXPECT_EQ(vglobal::Utf8ToWide("a\xff"
+                                "b"),
+            L"a\uFFFDb");
   EXPECT_EQ(vglobal::Utf8ToWide("\xe2\x82"), L"\uFFFD\uFFFD");
   EXPECT_EQ(vglobal::Utf8ToWide("\xc0\x80"), L"\uFFFD\uFFFD");  // overlong
   std::u16string badPair = u"x";
@@ -154,7 +158,8 @@ TEST(Variant, CopyDuplicatesTheStringAndClearFreesIt) {
   SysFreeString(s);
 }
 
-const vglobal::StringEntry kAppStrings[] = {{5201, L"application's own text"}, {60000, L"only here"}};
+const vglobal::StringEntry kAppStrings[] = {{5201, L"application's own text"},
+                                            {60000, L"only here"}};
 const vglobal::ResourceTables kApp{L"app", kAppStrings, 2, nullptr, 0};
 
 TEST(ResourceStrings, ApplicationTableIsSearchedFirstThenTheLibrary) {

@@ -183,8 +183,9 @@ TEST(ShippedHelp, EveryDialogContextIdHasATopic) {
   for (DWORD_PTR id : {1, 2, 5014, 5236, 5237, 5301, 5391, 5392, 5395, 5912, 5915, 5917, 9022}) {
     auto topic = vglobal::frame::FindHelpTopic(shipped, {HH_HELP_CONTEXT, id});
     ASSERT_TRUE(topic) << id;
-    EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(VGLOBAL_SOURCE_DIR "/resources/help/arvenis") /
-                                        CString(topic->c_str()).ToUtf8()))
+    EXPECT_TRUE(std::filesystem::exists(
+        std::filesystem::path(VGLOBAL_SOURCE_DIR "/resources/help/arvenis") /
+        CString(topic->c_str()).ToUtf8()))
         << id;
   }
 }

@@ -16,8 +16,8 @@
 // - Not thread-safe for concurrent mutation, like any value type.
 #pragma once
 
-#include <cstdarg>
 #include <compare>
+#include <cstdarg>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -201,10 +201,8 @@ class VGLOBAL_EXPORT CString {
   static vglobal::fmt::Arg Capture(long long v) { return Signed(v); }
   static vglobal::fmt::Arg Capture(unsigned long long v) { return Unsigned(v); }
   template <typename E>
-    requires std::is_enum_v<E>
-  static vglobal::fmt::Arg Capture(E v) {
-    return Signed(static_cast<long long>(v));
-  }
+  requires std::is_enum_v<E>
+  static vglobal::fmt::Arg Capture(E v) { return Signed(static_cast<long long>(v)); }
   template <typename T>
   static vglobal::fmt::Arg Capture(T* v) {
     vglobal::fmt::Arg a{vglobal::fmt::Arg::Kind::Pointer, {}};

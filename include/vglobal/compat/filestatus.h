@@ -21,7 +21,9 @@ class VGLOBAL_EXPORT CTime {
     return t;
   }
   // Seconds since 1970-01-01 00:00 UTC.
-  std::int64_t GetTime() const { return ns_ >= 0 ? ns_ / 1000000000 : -((-ns_ + 999999999) / 1000000000); }
+  std::int64_t GetTime() const {
+    return ns_ >= 0 ? ns_ / 1000000000 : -((-ns_ + 999999999) / 1000000000);
+  }
   std::int64_t GetNanoseconds() const { return ns_; }
   friend bool operator==(const CTime&, const CTime&) = default;
 
@@ -41,9 +43,9 @@ enum : BYTE {
 };
 
 struct CFileStatus {
-  CTime m_ctime;            // creation (birth, else status change)
-  CTime m_mtime;            // last modification
-  CTime m_atime;            // last access
+  CTime m_ctime;  // creation (birth, else status change)
+  CTime m_mtime;  // last modification
+  CTime m_atime;  // last access
   std::uint64_t m_size = 0;
   BYTE m_attribute = 0;
   BYTE m_padding = 0;

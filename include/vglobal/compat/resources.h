@@ -57,7 +57,8 @@ struct VGLOBAL_EXPORT AFX_EXTENSION_MODULE {
   const vglobal::ResourceTables* resources = nullptr;
 };
 
-VGLOBAL_EXPORT BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& module, const vglobal::ResourceTables& resources);
+VGLOBAL_EXPORT BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& module,
+                                           const vglobal::ResourceTables& resources);
 VGLOBAL_EXPORT void AfxTermExtensionModule(AFX_EXTENSION_MODULE& module);
 
 class VGLOBAL_EXPORT CDynLinkLibrary {
