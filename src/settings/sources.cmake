@@ -1,1 +1,11 @@
 # Sources of this subsystem; each file here adds its own units.
+target_sources(vglobal_core_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/settings_value.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/settings_names.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/memory_store.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/sqlite_file.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/sqlite_codec.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/sqlite_store.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/store_registry.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/reg_key.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/suite_settings.cpp)

@@ -1,0 +1,28 @@
+// arvenis-settings: reads, changes and checks the suite's settings stores.
+//
+// Exit codes: 0 success, 1 bad input (message on standard error), 2 store
+// unavailable. Data goes to standard output, messages to standard error.
+#include <iostream>
+
+#include "tool.h"
+
+int main(int argc, char** argv) {
+  CLI::App app("Reads, changes and checks the Arvenis settings stores.", "arvenis-settings");
+  app.require_subcommand(1);
+  arvenis_settings::AddQueryCommand(app);
+  arvenis_settings::AddSetCommand(app);
+  arvenis_settings::AddDeleteCommand(app);
+  arvenis_settings::AddCheckCommand(app);
+  arvenis_settings::AddInitCommand(app);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp& e) {
+    return app.exit(e);
+  } catch (const CLI::RuntimeError& e) {
+    return e.get_exit_code();  // the command has said why
+  } catch (const CLI::ParseError& e) {
+    app.exit(e);
+    return arvenis_settings::kBadInput;
+  }
+  return arvenis_settings::kSuccess;
+}

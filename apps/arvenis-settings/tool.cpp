@@ -1,0 +1,100 @@
+// Shared parts of arvenis-settings.
+#include "tool.h"
+
+#include <charconv>
+#include <iostream>
+
+#include "vglobal/compat/unicode.h"
+
+namespace arvenis_settings {
+
+void Fail(ExitCode code, const std::string& message) {
+  std::cerr << "arvenis-settings: " << message << '\n';
+  throw CLI::RuntimeError(code);
+}
+
+void Fail(vglobal::SettingsError error, const std::string& what) {
+  using vglobal::SettingsError;
+  const bool input = error == SettingsError::NotFound || error == SettingsError::BadName ||
+                     error == SettingsError::TooLarge;
+  Fail(input ? kBadInput : kUnavailable, what + ": " + vglobal::Describe(error));
+}
+
+std::shared_ptr<vglobal::SettingsStore> OpenStore(bool machine, Access access) {
+  const HKEY root = machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+  const std::string path = vglobal::SettingsStorePath(root);
+  auto store = vglobal::OpenSqliteSettingsStore(
+      path, machine ? vglobal::SettingsFileKind::Machine : vglobal::SettingsFileKind::User,
+      access == Access::Write && !machine);
+  const vglobal::SettingsStoreStatus status = store->Status();
+  switch (status.state) {
+    case vglobal::SettingsStoreState::Writable:
+      break;
+    case vglobal::SettingsStoreState::ReadOnly:
+      if (access == Access::Write) Fail(kUnavailable, path + ": " + status.reason);
+      break;
+    case vglobal::SettingsStoreState::Absent:
+      Fail(kUnavailable, path + ": " + status.reason +
+                             (machine ? "; create it with 'arvenis-settings init --machine'" : ""));
+    case vglobal::SettingsStoreState::Unusable:
+      Fail(kUnavailable, path + ": " + status.reason);
+  }
+  return store;
+}
+
+std::wstring KeyPath(const std::string& typed) {
+  return vglobal::ResolveSettingsPath(vglobal::Utf8ToWide(typed));
+}
+
+std::string DisplayPath(bool machine, const std::wstring& path) {
+  std::string text = machine ? "HKEY_LOCAL_MACHINE" : "HKEY_CURRENT_USER";
+  if (!path.empty()) text += "\\" + vglobal::WideToUtf8(path);
+  return text;
+}
+
+std::string TypeName(vglobal::SettingsValueType type) {
+  switch (type) {
+    case vglobal::SettingsValueType::Int:
+      return "REG_DWORD";
+    case vglobal::SettingsValueType::Double:
+      return "REG_DOUBLE";
+    case vglobal::SettingsValueType::String:
+      return "REG_SZ";
+    case vglobal::SettingsValueType::Binary:
+      return "REG_BINARY";
+    case vglobal::SettingsValueType::MultiString:
+      return "REG_MULTI_SZ";
+  }
+  return "REG_NONE";
+}
+
+std::string ValueText(const vglobal::SettingsValue& value) {
+  char buffer[64];
+  if (const std::int32_t* i = value.AsInt()) {
+    std::snprintf(buffer, sizeof buffer, "0x%x (%d)", static_cast<unsigned>(*i), *i);
+    return buffer;
+  }
+  if (const double* d = value.AsDouble()) {
+    // The shortest text that reads back as the same double.
+    const auto end = std::to_chars(buffer, buffer + sizeof buffer, *d).ptr;
+    return std::string(buffer, end);
+  }
+  if (const std::wstring* s = value.AsString()) return vglobal::WideToUtf8(*s);
+  if (const auto* bytes = value.AsBinary()) {
+    std::string hex;
+    for (std::uint8_t b : *bytes) {
+      std::snprintf(buffer, sizeof buffer, "%02X", b);
+      hex += buffer;
+    }
+    return hex;
+  }
+  std::string joined;
+  const auto& strings = *value.AsMultiString();
+  for (std::size_t i = 0; i < strings.size(); ++i) {
+    if (i > 0) joined += "\\0";
+    joined += vglobal::WideToUtf8(strings[i]);
+  }
+  return joined;
+}
+
+}  // namespace arvenis_settings

@@ -1,0 +1,51 @@
+// Shared parts of arvenis-settings: exit codes, opening the store a command works on,
+// paths as users type them, and the text form of values.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <string>
+
+#include "vglobal/settings_store.h"
+
+namespace arvenis_settings {
+
+// Exit codes of every command.
+enum ExitCode : int {
+  kSuccess = 0,
+  kBadInput = 1,     // a bad argument, or a key or value that does not exist
+  kUnavailable = 2,  // the store is missing, unreadable, damaged or read-only
+};
+
+// Writes "arvenis-settings: <message>" to standard error and ends the command with
+// `code`.
+[[noreturn]] void Fail(ExitCode code, const std::string& message);
+// Ends the command with the exit code that belongs to a store error.
+[[noreturn]] void Fail(vglobal::SettingsError error, const std::string& what);
+
+// The store of the user (or with `machine`, of the machine) as a command needs it.
+// Reading commands never create a store file; writing commands create the user's
+// store when it is missing, never the machine store (see the init command). Ends the
+// command when the store cannot serve it.
+enum class Access { Read, Write };
+std::shared_ptr<vglobal::SettingsStore> OpenStore(bool machine, Access access);
+
+// The path from the root of a key path typed by the user (UTF-8), after the suite's
+// rule: paths not starting at "Software" lie below Software\Ostrel\Arvenis.
+std::wstring KeyPath(const std::string& typed);
+// "HKEY_CURRENT_USER\<path>" or "HKEY_LOCAL_MACHINE\<path>", in UTF-8.
+std::string DisplayPath(bool machine, const std::wstring& path);
+
+// The type name and the text of a value as `query` prints them.
+std::string TypeName(vglobal::SettingsValueType type);
+std::string ValueText(const vglobal::SettingsValue& value);
+
+// Each command adds itself to the application.
+void AddQueryCommand(CLI::App& app);
+void AddSetCommand(CLI::App& app);
+void AddDeleteCommand(CLI::App& app);
+void AddCheckCommand(CLI::App& app);
+void AddInitCommand(CLI::App& app);
+
+}  // namespace arvenis_settings

@@ -1,0 +1,174 @@
+// The arvenis-settings tool, run as a real process on stores in a temporary folder.
+#include <gtest/gtest.h>
+#include <spawn.h>
+
+#include <random>
+
+#include "settings_test_support.h"
+
+extern char** environ;
+
+namespace {
+
+using settings_test::FileBytes;
+using settings_test::TempDir;
+
+struct ToolRun {
+  int exit = -1;
+  std::string out, err;
+};
+
+std::string ReadAll(int fd) {
+  std::string text;
+  char buffer[4096];
+  for (ssize_t n; (n = read(fd, buffer, sizeof buffer)) > 0;) text.append(buffer, n);
+  close(fd);
+  return text;
+}
+
+class Tool : public ::testing::Test {
+ protected:
+  ToolRun Settings(std::vector<std::string> args) {
+    args.insert(args.begin(), ARVENIS_SETTINGS_TOOL);
+    std::vector<char*> argv;
+    for (std::string& a : args) argv.push_back(a.data());
+    argv.push_back(nullptr);
+    std::vector<std::string> env{"ARVENIS_SETTINGS_DIR=" + dir_.path()};
+    for (char** e = environ; *e; ++e) {
+      if (std::string_view(*e).rfind("ARVENIS_SETTINGS_DIR=", 0) != 0) env.emplace_back(*e);
+    }
+    std::vector<char*> envp;
+    for (std::string& e : env) envp.push_back(e.data());
+    envp.push_back(nullptr);
+
+    int out[2], err[2];
+    if (pipe(out) != 0 || pipe(err) != 0) return {};
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, out[1], 1);
+    posix_spawn_file_actions_adddup2(&actions, err[1], 2);
+    posix_spawn_file_actions_addclose(&actions, out[0]);
+    posix_spawn_file_actions_addclose(&actions, err[0]);
+    pid_t pid = -1;
+    const int spawned = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), envp.data());
+    posix_spawn_file_actions_destroy(&actions);
+    close(out[1]);
+    close(err[1]);
+    ToolRun run;
+    run.out = ReadAll(out[0]);  // the tool's output is far below a pipe's capacity
+    run.err = ReadAll(err[0]);
+    if (spawned == 0) run.exit = settings_test::Wait(pid);
+    return run;
+  }
+
+  TempDir dir_;
+};
+
+TEST_F(Tool, SetThenQueryPrintsEveryTypeLikeARegistryQuery) {
+  for (const auto& args : std::vector<std::vector<std::string>>{
+           {"set", "Tools", "Count", "--int", "-5"},
+           {"set", "Tools", "Ratio", "--double", "0.1"},
+           {"set", "Tools", "Name", "--string", "Ünï"},
+           {"set", "Tools", "Blob", "--binary", "0a0BFF"},
+           {"set", "Tools", "List", "--multi", "a", "--multi", "", "--multi", "c"},
+           {"set", "Tools\\Sub", "", "--int", "0x80000000"},
+       }) {
+    const ToolRun run = Settings(args);
+    ASSERT_EQ(run.exit, 0) << args[2] << ": " << run.err;
+  }
+  const ToolRun query = Settings({"query", "tools"});
+  EXPECT_EQ(query.exit, 0) << query.err;
+  EXPECT_EQ(query.out,
+            "HKEY_CURRENT_USER\\Software\\Ostrel\\Arvenis\\tools\n"
+            "    Count    REG_DWORD    0xfffffffb (-5)\n"
+            "    Ratio    REG_DOUBLE    0.1\n"
+            "    Name    REG_SZ    Ünï\n"
+            "    Blob    REG_BINARY    0A0BFF\n"
+            "    List    REG_MULTI_SZ    a\\0\\0c\n"
+            "\n"
+            "HKEY_CURRENT_USER\\Software\\Ostrel\\Arvenis\\tools\\Sub\n"
+            "    (Default)    REG_DWORD    0x80000000 (-2147483648)\n"
+            "\n");
+  EXPECT_EQ(std::filesystem::status(dir_ / "user.db").permissions(),
+            std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+}
+
+TEST_F(Tool, BadInputExitsOneAndCreatesNothing) {
+  for (const auto& args : std::vector<std::vector<std::string>>{
+           {"set", "Tools", "Count", "--int", "12abc"},
+           {"set", "Tools", "Count", "--int", "4294967296"},
+           {"set", "Tools", "Count", "--double", "1.5x"},
+           {"set", "Tools", "Count", "--binary", "ABC"},
+           {"set", "Tools", "Count", "--int", "1", "--string", "x"},
+           {"set", "Tools", "Count"},
+           {"rename", "Tools"},
+       }) {
+    const ToolRun run = Settings(args);
+    EXPECT_EQ(run.exit, 1) << args.back();
+    EXPECT_FALSE(run.err.empty());
+    EXPECT_TRUE(run.out.empty());
+  }
+  EXPECT_FALSE(std::filesystem::exists(dir_ / "user.db"));
+  ASSERT_EQ(Settings({"set", "Tools", "Count", "--int", "1"}).exit, 0);
+  EXPECT_EQ(Settings({"query", "No\\Such\\Key"}).exit, 1);
+  EXPECT_EQ(Settings({"set", "Bad\\\\Path", "v", "--int", "1"}).exit, 1);
+}
+
+TEST_F(Tool, MachineStoreIsMadeOnlyByInit) {
+  const ToolRun refused =
+      Settings({"set", "--machine", "Installation", "DataPath", "--string", "/d"});
+  EXPECT_EQ(refused.exit, 2);
+  EXPECT_NE(refused.err.find("init --machine"), std::string::npos) << refused.err;
+  EXPECT_FALSE(std::filesystem::exists(dir_ / "machine.db"));
+
+  ASSERT_EQ(Settings({"init", "--machine"}).exit, 0);
+  EXPECT_EQ(std::filesystem::status(dir_ / "machine.db").permissions(),
+            std::filesystem::perms::owner_read | std::filesystem::perms::owner_write |
+                std::filesystem::perms::group_read | std::filesystem::perms::others_read);
+  ASSERT_EQ(Settings({"set", "--machine", "Installation", "DataPath", "--string", "/d"}).exit, 0);
+  const ToolRun query = Settings({"query", "--machine", "Installation"});
+  EXPECT_EQ(query.exit, 0);
+  EXPECT_NE(query.out.find("HKEY_LOCAL_MACHINE\\Software\\Ostrel\\Arvenis\\Installation\n"
+                           "    DataPath    REG_SZ    /d\n"),
+            std::string::npos)
+      << query.out;
+  EXPECT_FALSE(std::filesystem::exists(dir_ / "user.db")) << "the user store was not needed";
+}
+
+TEST_F(Tool, DeleteRemovesValuesAndBranches) {
+  ASSERT_EQ(Settings({"set", "Tools\\Item 0", "Command", "--string", "ls"}).exit, 0);
+  ASSERT_EQ(Settings({"set", "Tools", "Count", "--int", "1"}).exit, 0);
+  EXPECT_EQ(Settings({"delete", "Tools", "count"}).exit, 0);
+  EXPECT_EQ(Settings({"delete", "Tools", "Count"}).exit, 1);
+  EXPECT_EQ(Settings({"delete", "Tools"}).exit, 0);
+  EXPECT_EQ(Settings({"query", "Tools\\Item 0"}).exit, 1);
+  EXPECT_EQ(Settings({"query", "Tools"}).exit, 1);
+}
+
+TEST_F(Tool, CheckNamesADamagedStoreAndLeavesIt) {
+  ASSERT_EQ(Settings({"init"}).exit, 0);
+  const ToolRun sound = Settings({"check"});
+  EXPECT_EQ(sound.exit, 0);
+  EXPECT_EQ(sound.out, dir_ / "user.db" + ": ok\n" + dir_ / "machine.db" + ": not present\n");
+
+  std::vector<char> noise(4096);
+  std::mt19937 random(11);
+  for (char& b : noise) b = static_cast<char>(random());
+  settings_test::WriteFileBytes(dir_ / "user.db", noise);
+  const ToolRun damaged = Settings({"check"});
+  EXPECT_EQ(damaged.exit, 2);
+  EXPECT_NE(damaged.out.find(dir_ / "user.db" + ": not a settings store"), std::string::npos)
+      << damaged.out;
+  EXPECT_EQ(Settings({"set", "Tools", "Count", "--int", "1"}).exit, 2);
+  EXPECT_EQ(FileBytes(dir_ / "user.db"), noise);
+}
+
+TEST_F(Tool, EveryCommandHasHelp) {
+  for (const char* command : {"query", "set", "delete", "check", "init"}) {
+    const ToolRun run = Settings({command, "--help"});
+    EXPECT_EQ(run.exit, 0) << command;
+    EXPECT_NE(run.out.find("Usage"), std::string::npos) << command;
+  }
+}
+
+}  // namespace
