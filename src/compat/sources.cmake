@@ -6,3 +6,17 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/variant.cpp
   ${CMAKE_CURRENT_LIST_DIR}/filestatus.cpp
   ${CMAKE_CURRENT_LIST_DIR}/resources.cpp)
+# Window vocabulary, dialogs and their controls.
+target_sources(vglobal_core_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/window.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/window_dc.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/window_menu.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/window_document.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/dialog.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/dialog_ddx.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/dialog_driver.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls_edit.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls_list.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls_listctrl.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls_number.cpp)

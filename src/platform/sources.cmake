@@ -1,1 +1,5 @@
 # Sources of this subsystem; each file here adds its own units.
+target_sources(vglobal_core_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/platform.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/posix_platform.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/headless_platform.cpp)

@@ -1,0 +1,406 @@
+// Dialog controls: CStatic, CButton, CEdit, vglobal::NumericEdit, CListBox,
+// CComboBox, CListCtrl, their notification codes and return values.
+//
+// Map of this header:
+//   1. notification codes, return values, notification records (NMHDR ...)
+//   2. vglobal::DialogControl - what every control handle shares
+//   3. the control handles, one class per kind
+//
+// Contract:
+// - A control object is a handle, as on Windows: the control's state (text, items,
+//   selection, check ...) lives in the open dialog (vglobal/compat/dialog.h) and a
+//   handle is attached to it. The dialog attaches one handle of the right class per
+//   control when it opens (CDialog::GetDlgItem); a member of a dialog class is
+//   attached with DDX_Control or SubclassDlgItem. When the dialog closes, every
+//   handle is detached.
+// - A detached handle, an index out of range and a null text never crash: the call
+//   answers the documented failure value (LB_ERR, CB_ERR, -1, FALSE, 0, empty) and
+//   changes nothing.
+// - Changes made by code notify as the Windows controls do (this is observable by
+//   a dialog's handlers):
+//     * SetWindowText on a single-line edit sends EN_UPDATE and EN_CHANGE, also
+//       when the text does not change; on a multi-line edit it sends nothing.
+//       ReplaceSel sends them on both.
+//     * List control item state changes (SetItemState) send LVN_ITEMCHANGED.
+//     * Focus changes send the kill-focus and set-focus codes.
+//     * Everything else (check states, list and combo selections, items, limits,
+//       enabled and visible states) sends nothing; the user's actions do
+//       (vglobal::DialogDriver).
+// - An edit never holds more than its limit: text set by code is cut at the limit
+//   like typed text, so what the dialog reads back is what the user sees.
+// - User-interface thread only.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "vglobal/compat/dialog_template.h"
+#include "vglobal/compat/window.h"
+
+class CDialog;
+
+// ---- 1. notification codes and records ------------------------------------------
+
+// Buttons
+constexpr UINT BN_CLICKED = 0;
+constexpr UINT BN_DOUBLECLICKED = 5;
+// Edits
+constexpr UINT EN_SETFOCUS = 0x0100;
+constexpr UINT EN_KILLFOCUS = 0x0200;
+constexpr UINT EN_CHANGE = 0x0300;
+constexpr UINT EN_UPDATE = 0x0400;
+constexpr UINT EN_MAXTEXT = 0x0501;  // typed text was cut at the limit
+// List boxes
+constexpr UINT LBN_SELCHANGE = 1;
+constexpr UINT LBN_DBLCLK = 2;
+constexpr UINT LBN_SETFOCUS = 4;
+constexpr UINT LBN_KILLFOCUS = 5;
+// Combo boxes
+constexpr UINT CBN_SELCHANGE = 1;
+constexpr UINT CBN_SETFOCUS = 3;
+constexpr UINT CBN_KILLFOCUS = 4;
+constexpr UINT CBN_EDITCHANGE = 5;
+constexpr UINT CBN_EDITUPDATE = 6;
+constexpr UINT CBN_SELENDOK = 9;
+// Common and list-control notifications (sent with a record, see below)
+constexpr UINT NM_CLICK = static_cast<UINT>(-2);
+constexpr UINT NM_DBLCLK = static_cast<UINT>(-3);
+constexpr UINT NM_SETFOCUS = static_cast<UINT>(-7);
+constexpr UINT NM_KILLFOCUS = static_cast<UINT>(-8);
+constexpr UINT LVN_ITEMCHANGED = static_cast<UINT>(-101);
+constexpr UINT LVN_COLUMNCLICK = static_cast<UINT>(-108);
+constexpr UINT LVN_BEGINDRAG = static_cast<UINT>(-109);
+
+// Return values
+constexpr int LB_OKAY = 0;
+constexpr int LB_ERR = -1;
+constexpr int CB_OKAY = 0;
+constexpr int CB_ERR = -1;
+constexpr int BST_UNCHECKED = 0;
+constexpr int BST_CHECKED = 1;
+constexpr int BST_INDETERMINATE = 2;
+
+// List controls
+constexpr UINT LVIS_FOCUSED = 0x0001;
+constexpr UINT LVIS_SELECTED = 0x0002;
+constexpr int LVNI_ALL = 0x0000;
+constexpr int LVNI_FOCUSED = 0x0001;
+constexpr int LVNI_SELECTED = 0x0002;
+constexpr int LVCFMT_LEFT = 0x0000;
+constexpr int LVCFMT_RIGHT = 0x0001;
+constexpr int LVCFMT_CENTER = 0x0002;
+constexpr UINT LVIF_STATE = 0x0008;
+constexpr int LVSCW_AUTOSIZE = -1;
+constexpr int LVSCW_AUTOSIZE_USEHEADER = -2;
+constexpr DWORD LVS_EX_GRIDLINES = 0x0001;
+constexpr DWORD LVS_EX_FULLROWSELECT = 0x0020;
+
+// The record that comes with a notification. List-control notifications come with
+// the larger records below, whose first member is the NMHDR, so that a handler casts
+// as it did on Windows: LVN_* codes carry an NMLISTVIEW, NM_CLICK and NM_DBLCLK an
+// NMITEMACTIVATE. Other notifications carry a bare NMHDR.
+struct NMHDR {
+  HWND hwndFrom;  // the control's platform window (may be null)
+  UINT_PTR idFrom;
+  UINT code;
+};
+struct NMLISTVIEW {
+  NMHDR hdr;
+  int iItem;     // the row, -1 for none
+  int iSubItem;  // the column (LVN_COLUMNCLICK) or 0
+  UINT uNewState;
+  UINT uOldState;
+  UINT uChanged;  // LVIF_STATE when the state changed
+  POINT ptAction;
+  LPARAM lParam;  // the row's item data
+};
+struct NMITEMACTIVATE {
+  NMHDR hdr;
+  int iItem;
+  int iSubItem;
+  UINT uNewState;
+  UINT uOldState;
+  UINT uChanged;
+  POINT ptAction;
+  LPARAM lParam;
+  UINT uKeyFlags;
+};
+using LPNMHDR = NMHDR*;
+using LPNMLISTVIEW = NMLISTVIEW*;
+using LPNMITEMACTIVATE = NMITEMACTIVATE*;
+
+// ---- 2. what every control handle shares ---------------------------------------
+
+namespace vglobal {
+
+struct ControlState;
+class DialogDriver;
+
+// Bits of a change notice (vglobal::DialogObserver::ControlChanged): which part of a
+// control's state changed.
+enum ControlAspect : unsigned {
+  kAspectText = 1u << 0,       // text (edit, static, button caption, combo edit)
+  kAspectState = 1u << 1,      // enabled or visible
+  kAspectItems = 1u << 2,      // list items, texts, columns
+  kAspectSelection = 1u << 3,  // list selection
+  kAspectCheck = 1u << 4,      // check state
+  kAspectLimits = 1u << 5,     // text limit, read-only, numeric range
+  kAspectScroll = 1u << 6,     // the row that should be shown
+};
+
+class VGLOBAL_EXPORT DialogControl : public CWnd {
+ public:
+  ~DialogControl() override;
+
+  // Attaches this handle to the control `id` of an open dialog, as DDX_Control
+  // does. FALSE when the dialog is not open, has no such control, the control is of
+  // a kind this class does not handle, or this handle is attached already.
+  BOOL SubclassDlgItem(UINT id, CWnd* parent);
+  BOOL IsAttached() const { return state_ != nullptr; }
+  // The control's kind; nullopt when detached.
+  std::optional<ControlKind> Kind() const;
+  // Whether this class can stand for a control of `kind`.
+  virtual bool Handles(ControlKind kind) const = 0;
+
+  void SetWindowText(const wchar_t* text) override;
+  void GetWindowText(CString& text) const override;
+  using CWnd::GetWindowText;
+  BOOL EnableWindow(BOOL enable = TRUE) override;
+  BOOL IsWindowEnabled() const override;
+  BOOL ShowWindow(int cmdShow) override;
+  BOOL IsWindowVisible() const override;
+  int GetDlgCtrlID() const override;
+  CWnd* SetFocus() override;
+
+ protected:
+  DialogControl() = default;
+  ControlState* state() const { return state_; }
+  // Tells the dialog's observer what changed.
+  void Changed(unsigned aspects) const;
+  // Sends a notification to the dialog's handlers.
+  void Notify(UINT code) const;
+
+ private:
+  friend struct ControlState;
+  ControlState* state_ = nullptr;
+};
+
+}  // namespace vglobal
+
+// ---- 3. the control handles ------------------------------------------------------
+
+// A static text.
+class VGLOBAL_EXPORT CStatic : public vglobal::DialogControl {
+ public:
+  bool Handles(vglobal::ControlKind kind) const override;
+};
+
+// A push button, check box, radio button or group box.
+class VGLOBAL_EXPORT CButton : public vglobal::DialogControl {
+ public:
+  bool Handles(vglobal::ControlKind kind) const override;
+  // BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE; 0 for push buttons.
+  int GetCheck() const;
+  // Sets the check state; a state the button cannot take (indeterminate on a
+  // two-state box) is refused, as is any state on a push button or group box.
+  void SetCheck(int check);
+};
+
+// A text field. Typing and ReplaceSel are cut at the text limit (default 32767
+// characters); SetWindowText is too (see the header's contract).
+class VGLOBAL_EXPORT CEdit : public vglobal::DialogControl {
+ public:
+  static constexpr int kDefaultLimit = 32767;
+
+  bool Handles(vglobal::ControlKind kind) const override;
+  void SetWindowText(const wchar_t* text) override;
+
+  // Limits what the control holds; 0 means the largest limit (0x7FFFFFFE). Text
+  // already longer stays as it is until it is next set.
+  void LimitText(int maxChars = 0);
+  void SetLimitText(UINT maxChars) { LimitText(static_cast<int>(maxChars & 0x7FFFFFFF)); }
+  UINT GetLimitText() const;
+  // Selection as character positions; (0, -1) selects everything. Positions are
+  // clamped to the text.
+  void SetSel(int start, int end, BOOL noScroll = FALSE);
+  void GetSel(int& start, int& end) const;
+  // Replaces the selection with text (cut at the limit) and sends EN_UPDATE and
+  // EN_CHANGE.
+  void ReplaceSel(const wchar_t* text, BOOL canUndo = FALSE);
+  BOOL SetReadOnly(BOOL readOnly = TRUE);
+  BOOL IsReadOnly() const;
+  // Whether the user changed the text since the flag was last cleared.
+  BOOL GetModify() const;
+  void SetModify(BOOL modified = TRUE);
+  BOOL IsMultiline() const;
+};
+
+namespace vglobal {
+
+// A text field for a number: a range, integer or decimal, a number of decimal
+// places. The text is what counts; the value is read from it. While typing, only
+// text that can still become a number is accepted (digits, one decimal point unless
+// integer, a leading minus sign when the range admits negative numbers, at most the
+// given number of decimal places); whether the number is in range is asked with
+// IsValid.
+class VGLOBAL_EXPORT NumericEdit : public CEdit {
+ public:
+  bool Handles(ControlKind kind) const override;
+
+  // Sets range and decimal places (-1: as many as typed) and shows `value`.
+  void InitDouble(double value, double min, double max, int decimals);
+  // Integer field: no decimal point.
+  void InitInt(int value, int min, int max);
+  void SetRange(double min, double max);
+  double GetMin() const;
+  double GetMax() const;
+  int GetDecimals() const;  // -1 for free, 0 for integers
+  BOOL IsInteger() const;
+
+  // The value shown; nullopt when the text is not a number. The text is read in
+  // the classic "C" locale (decimal point ".").
+  std::optional<double> Value() const;
+  double GetValue() const { return Value().value_or(0.0); }
+  int GetIntValue() const;  // the value rounded to the nearest int (0 if none)
+  // Shows the value with the field's decimal places (sends EN_CHANGE).
+  void SetValue(double value);
+  // Whether the text is a number within the range (and whole for integer fields).
+  BOOL IsValid() const;
+  // Whether `text` is acceptable while typing (see the class comment).
+  BOOL AcceptsInput(const wchar_t* text) const;
+};
+
+}  // namespace vglobal
+
+// A list of text rows with item data; one row selected, or several with kMultiSelect.
+// With kSort, AddString inserts in order (case-insensitive); InsertString never sorts.
+class VGLOBAL_EXPORT CListBox : public vglobal::DialogControl {
+ public:
+  bool Handles(vglobal::ControlKind kind) const override;
+
+  int GetCount() const;
+  // Return the new row's index, or LB_ERR.
+  int AddString(const wchar_t* text);
+  int InsertString(int index, const wchar_t* text);  // index -1 appends
+  // Returns the number of rows left, or LB_ERR.
+  int DeleteString(UINT index);
+  void ResetContent();
+  // Returns the text's length, or LB_ERR (text then empty).
+  int GetText(int index, CString& text) const;
+  int GetTextLen(int index) const;
+  // The first row after startAfter (-1: from the top), wrapping around, whose text
+  // begins with (FindString) or equals (FindStringExact) `text`, ignoring case;
+  // LB_ERR when none.
+  int FindString(int startAfter, const wchar_t* text) const;
+  int FindStringExact(int startAfter, const wchar_t* text) const;
+  // Selects the row FindString finds; returns it or LB_ERR.
+  int SelectString(int startAfter, const wchar_t* text);
+
+  // Single selection: the selected row or LB_ERR. Multi-selection: the caret row.
+  int GetCurSel() const;
+  // Single selection: selects the row; -1 or an index out of range clears the
+  // selection and answers LB_ERR. Multi-selection lists answer LB_ERR.
+  int SetCurSel(int index);
+  // Multi-selection. GetSel: positive when selected, 0 when not, LB_ERR out of range
+  // (also usable on single-selection lists). SetSel: index -1 means every row;
+  // LB_ERR on single-selection lists.
+  int GetSel(int index) const;
+  int SetSel(int index, BOOL select = TRUE);
+  int GetSelCount() const;  // LB_ERR on single-selection lists
+  // Writes at most maxItems selected rows to items; returns how many (LB_ERR on
+  // single-selection lists).
+  int GetSelItems(int maxItems, int* items) const;
+  int GetCaretIndex() const;
+
+  DWORD_PTR GetItemData(int index) const;  // LB_ERR out of range
+  int SetItemData(int index, DWORD_PTR data);
+  void* GetItemDataPtr(int index) const;  // null out of range
+  int SetItemDataPtr(int index, void* data);
+
+  int GetTopIndex() const;
+  int SetTopIndex(int index);
+  // Tab stops in dialog units, for kUseTabStops lists.
+  BOOL SetTabStops(int count, const int* stops);
+  std::vector<int> GetTabStops() const;
+};
+
+// An edit field with a drop-down list; with kDropDownList the list only, whose
+// selected row is the text. Selecting a row shows its text in the edit field.
+class VGLOBAL_EXPORT CComboBox : public vglobal::DialogControl {
+ public:
+  bool Handles(vglobal::ControlKind kind) const override;
+  // Drop-down: sets the edit text (cut at the limit), selection unchanged.
+  // Drop-down list: selects the row whose text equals `text` (ignoring case) and
+  // leaves the selection alone when there is none.
+  void SetWindowText(const wchar_t* text) override;
+
+  int GetCount() const;
+  int AddString(const wchar_t* text);
+  int InsertString(int index, const wchar_t* text);
+  int DeleteString(UINT index);
+  void ResetContent();  // also empties the edit text
+  int GetLBText(int index, CString& text) const;
+  int GetLBTextLen(int index) const;
+  int FindString(int startAfter, const wchar_t* text) const;
+  int FindStringExact(int startAfter, const wchar_t* text) const;
+  int SelectString(int startAfter, const wchar_t* text);
+  int GetCurSel() const;  // CB_ERR when none
+  // Selects a row and shows its text; -1 or out of range clears the selection and
+  // the edit text and answers CB_ERR.
+  int SetCurSel(int index);
+  DWORD_PTR GetItemData(int index) const;  // CB_ERR out of range
+  int SetItemData(int index, DWORD_PTR data);
+  void* GetItemDataPtr(int index) const;
+  int SetItemDataPtr(int index, void* data);
+  // Limit of the edit field (0: the largest).
+  BOOL LimitText(int maxChars);
+  BOOL IsDropDownList() const;
+};
+
+// A list control in report view: columns with headings, rows with a text per
+// column, item data and a selected/focused state.
+class VGLOBAL_EXPORT CListCtrl : public vglobal::DialogControl {
+ public:
+  bool Handles(vglobal::ControlKind kind) const override;
+
+  // Columns. InsertColumn returns the new column's index or -1; a width of -1
+  // means "fit the heading" to the platform.
+  int InsertColumn(int column, const wchar_t* heading, int format = LVCFMT_LEFT, int width = -1,
+                   int subItem = -1);
+  BOOL DeleteColumn(int column);
+  int GetColumnCount() const;
+  CString GetColumnHeading(int column) const;
+  int GetColumnFormat(int column) const;  // -1 out of range
+  // Width in pixels as set; LVSCW_AUTOSIZE and LVSCW_AUTOSIZE_USEHEADER stand until
+  // the platform fits the column. 0 out of range.
+  int GetColumnWidth(int column) const;
+  BOOL SetColumnWidth(int column, int width);
+
+  // Rows. InsertItem past the end appends; returns the row's index or -1.
+  int GetItemCount() const;
+  int InsertItem(int item, const wchar_t* text);
+  int InsertItem(int item, const wchar_t* text, int image);
+  BOOL DeleteItem(int item);
+  BOOL DeleteAllItems();
+  BOOL SetItemText(int item, int subItem, const wchar_t* text);
+  CString GetItemText(int item, int subItem) const;
+  BOOL SetItemData(int item, DWORD_PTR data);
+  DWORD_PTR GetItemData(int item) const;  // 0 out of range
+  int GetItemImage(int item) const;       // -1 out of range
+
+  // States (LVIS_SELECTED, LVIS_FOCUSED). SetItemState with item -1 applies to
+  // every row. Selecting a row of a single-selection list deselects the others;
+  // only one row has the focus. Each row whose state changes sends LVN_ITEMCHANGED.
+  BOOL SetItemState(int item, UINT state, UINT mask);
+  UINT GetItemState(int item, UINT mask) const;
+  // The next row after start (-1: from the top) with the flags (LVNI_SELECTED,
+  // LVNI_FOCUSED; LVNI_ALL: any); -1 when none.
+  int GetNextItem(int start, int flags) const;
+  UINT GetSelectedCount() const;
+  // Scrolls so that the row shows; GetTopIndex answers the row last asked for.
+  BOOL EnsureVisible(int item, BOOL partialOk);
+  int GetTopIndex() const;
+
+  DWORD SetExtendedStyle(DWORD style);  // returns the previous style
+  DWORD GetExtendedStyle() const;
+};

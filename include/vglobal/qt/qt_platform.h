@@ -1,0 +1,59 @@
+// The Qt implementation of the platform seam, and the rendering of dialog models
+// into Qt dialogs.
+//
+// Contract:
+// - Linking vglobal::widgets is enough: as soon as a QApplication exists, a
+//   QtPlatform is installed (vglobal::SetPlatform), and the headless platform comes
+//   back when the application object is destroyed. A QCoreApplication (no widgets)
+//   keeps the headless platform.
+// - Under Qt, the platform window of a CWnd (CWnd::PlatformWindow) is a QWidget:
+//   dialogs and controls shown by this layer get theirs set while they are open;
+//   an application sets its own windows' so that they can own message boxes.
+// - GUI thread only.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "vglobal/export.h"
+#include "vglobal/platform.h"
+
+namespace vglobal {
+
+class VGLOBAL_EXPORT QtPlatform : public Platform {
+ public:
+  // A QMessageBox: buttons from the MB_ type (MB_OK: one OK button), icon from the
+  // MB_ICON bits (none: no icon), default button from MB_DEFBUTTON2..4, owned by
+  // the owner's QWidget; a null caption shows the application's name. Text is
+  // plain text.
+  int MessageBox(CWnd* owner, const wchar_t* text, const wchar_t* caption, UINT style) override;
+  // QGuiApplication::applicationDisplayName.
+  CString ApplicationName() override;
+  // Renders the dialog (RenderDialog) and runs it modally; -1 when it cannot be
+  // shown (no template, already open).
+  INT_PTR RunModal(CDialog& dialog) override;
+  // QDesktopServices::openUrl: a target with a URL scheme as a URL, anything else
+  // as a local file.
+  bool OpenWithDesktop(const std::wstring& target) override;
+};
+
+// Opens a dialog model (its controls are made and OnInitDialog runs) and renders it
+// into a QDialog that is not shown: for pictures, tests and callers that run it
+// themselves. The QDialog keeps the model and its widgets in step both ways and
+// closes the model when it is destroyed; it must not outlive the dialog model.
+// Null when the dialog has no template or is open already.
+VGLOBAL_EXPORT std::unique_ptr<QDialog> RenderDialog(CDialog& dialog);
+
+// The widget that shows control `id` of a dialog rendered by this layer (the first
+// one with that id), or null.
+VGLOBAL_EXPORT QWidget* ControlWidget(QDialog& view, int id);
+
+namespace detail {
+// Every program that includes this header refers to the Qt layer, so a linker that
+// drops unreferenced libraries (--as-needed) keeps it, and with it the platform it
+// installs, even when the program calls nothing of it by name.
+VGLOBAL_EXPORT extern const int kWidgetsLayer;
+[[gnu::used]] static const int* const kKeepWidgetsLayer = &kWidgetsLayer;
+}  // namespace detail
+
+}  // namespace vglobal

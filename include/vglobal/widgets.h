@@ -1,0 +1,8 @@
+// All of vglobal::widgets, the Qt layer: the Qt platform, the rendering of dialog
+// models, and a drawing context over Qt. Includes Qt headers through the headers below.
+#pragma once
+
+#include "vglobal/vglobal.h"
+
+#include "vglobal/qt/qt_dc.h"
+#include "vglobal/qt/qt_platform.h"

@@ -1,0 +1,71 @@
+// A platform for tests: message boxes are recorded and answered from a queue,
+// modal dialogs are opened headless and played by a script through DialogDriver,
+// nothing is started on the desktop. Installed while the object lives.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "vglobal/compat/dialog.h"
+#include "vglobal/platform.h"
+
+namespace vglobal::testing {
+
+struct ShownMessage {
+  CWnd* owner;
+  std::wstring text;
+  bool hasCaption;
+  std::wstring caption;
+  UINT style;
+};
+
+class ScriptedPlatform : public Platform {
+ public:
+  // What the user does in the next modal dialog; the dialog is open and its
+  // OnInitDialog has run.
+  using Script = std::function<void(DialogDriver& user, CDialog& dialog)>;
+
+  ScriptedPlatform() { SetPlatform(this); }
+  ~ScriptedPlatform() override { SetPlatform(nullptr); }
+
+  std::vector<ShownMessage> messages;
+  std::deque<int> answers;  // for message boxes; IDOK when empty
+  std::deque<Script> scripts;
+  std::vector<std::wstring> opened;  // OpenWithDesktop targets
+  int modalRuns = 0;
+
+  int MessageBox(CWnd* owner, const wchar_t* text, const wchar_t* caption, UINT style) override {
+    messages.push_back(
+        {owner, text ? text : L"", caption != nullptr, caption ? caption : L"", style});
+    if (answers.empty()) return IDOK;
+    int answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  CString ApplicationName() override { return L"Scripted"; }
+
+  // A dialog its script leaves open is closed as with the window's close button.
+  INT_PTR RunModal(CDialog& dialog) override {
+    ++modalRuns;
+    DialogDriver user(dialog);
+    if (!user.Open()) return -1;
+    if (!dialog.IsEnded() && !scripts.empty()) {
+      Script script = std::move(scripts.front());
+      scripts.pop_front();
+      script(user, dialog);
+    }
+    if (!dialog.IsEnded()) user.Close();
+    const INT_PTR code = dialog.IsEnded() ? dialog.GetEndCode() : IDCANCEL;
+    user.Destroy();
+    return code;
+  }
+
+  bool OpenWithDesktop(const std::wstring& target) override {
+    opened.push_back(target);
+    return true;
+  }
+};
+
+}  // namespace vglobal::testing
