@@ -10,7 +10,9 @@
 #include <cstdio>
 #include <new>
 
+#include "frame/help.h"
 #include "frame/window_class.h"
+#include "vglobal/compat/dialog.h"
 #include "vglobal/frame.h"
 
 namespace vglobal::frame {
@@ -18,6 +20,11 @@ namespace {
 
 constexpr const wchar_t* kFontPreviewClass = L"CFontPreview";
 const char kModuleIdentity = 0;
+
+// Every dialog's Help button and F1 key open the dialog's topic in the suite's help.
+void ShowDialogHelp(CDialog& dialog, UINT helpId) {
+  ShowHtmlHelp(dialog.GetSafeHwnd(), HELP_CONTEXT, helpId, nullptr);
+}
 
 }  // namespace
 
@@ -43,10 +50,12 @@ BOOL ProcessAttach() {
   // The chain owns the entry; when it cannot be had the library still works from
   // the application's chain, so attach succeeds.
   new (std::nothrow) CDynLinkLibrary(LibraryModule());
+  SetDialogHelpHandler(&ShowDialogHelp);
   return TRUE;
 }
 
 BOOL ProcessDetach() {
+  SetDialogHelpHandler(nullptr);
   UnregisterWindowClass(kFontPreviewClass, ModuleInstance());
   AfxTermExtensionModule(LibraryModule());
   return TRUE;

@@ -10,6 +10,8 @@
 #include "frame/module.h"
 #include "frame/window_class.h"
 #include "vglobal/compat/cstring.h"
+#include "vglobal/compat/dialog.h"
+#include "vglobal/compat/dialog_template.h"
 #include "vglobal/frame.h"
 #include "vglobal/platform.h"
 
@@ -176,6 +178,22 @@ TEST_F(HelpLauncher, NoFileMeansTheSuitesHelp) {
   EXPECT_EQ(ShowHtmlHelp(nullptr, HELP_CONTEXT, 5236, L""), 1);
   ::unsetenv("ARVENIS_HELP_FILE");
   EXPECT_EQ(platform_.opened.size(), 2u);
+}
+
+TEST_F(HelpLauncher, ADialogsHelpButtonOpensItsTopicInTheSuitesHelp) {
+  static const vglobal::ControlTemplate controls[] = {
+      {IDOK, vglobal::ControlKind::PushButton, L"OK", 10, 10, 50, 14, 0},
+      {IDHELP, vglobal::ControlKind::PushButton, L"Help", 60, 10, 50, 14, 0},
+  };
+  static const vglobal::DialogTemplate tmpl{5236, L"Audit", 120, 30, 8, controls, 2};
+  ::setenv("ARVENIS_HELP_FILE", folder_.c_str(), 1);
+  CDialog dialog(tmpl);
+  vglobal::DialogDriver driver(dialog);
+  ASSERT_TRUE(driver.Open());
+  EXPECT_TRUE(driver.PressHelp());
+  ::unsetenv("ARVENIS_HELP_FILE");
+  ASSERT_EQ(platform_.opened.size(), 1u);
+  EXPECT_EQ(platform_.opened[0], Url("audit.html#add"));
 }
 
 TEST(ShippedHelp, EveryDialogContextIdHasATopic) {
