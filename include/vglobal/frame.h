@@ -2,6 +2,7 @@
 // "under construction" notice.
 #pragma once
 
+#include "vglobal/compat/dialog.h"
 #include "vglobal/compat/types.h"
 #include "vglobal/export.h"
 
@@ -12,7 +13,6 @@
 VGLOBAL_EXPORT int VG_Init();
 
 // ---- The "under construction" notice ----
-#include "vglobal/compat/dialog.h"
 
 // Shows the notice "Hard Hat Area" for an unfinished feature, unless switched off:
 // by the user for `section` (int "DoNotShowConstructionDlg" under that key of the
