@@ -179,9 +179,6 @@ class TypedSource : public Source {
       case Arg::Kind::Double:
         out = ClampToInt(a->d);
         return true;
-      case Arg::Kind::LongDouble:
-        out = ClampToInt(static_cast<double>(a->ld));
-        return true;
       case Arg::Kind::Pointer:
         out = static_cast<long long>(reinterpret_cast<std::uintptr_t>(a->p));
         return true;
@@ -207,9 +204,6 @@ class TypedSource : public Source {
         return true;
       case Arg::Kind::Double:
         out = a->d;
-        return true;
-      case Arg::Kind::LongDouble:
-        out = a->ld;
         return true;
       default:
         return false;

@@ -199,6 +199,10 @@ struct DamagedFile {
   std::function<void(const std::string&)> make;
 };
 
+void PrintTo(const DamagedFile& file, std::ostream* os) {
+  *os << file.name;
+}
+
 class SqliteDamagedStore : public ::testing::TestWithParam<DamagedFile> {};
 
 TEST_P(SqliteDamagedStore, FileIsLeftByteForByteAndReportedByName) {

@@ -34,6 +34,10 @@ struct SuiteSetting {
   std::function<std::wstring()> read;
 };
 
+void PrintTo(const SuiteSetting& setting, std::ostream* os) {
+  *os << setting.variable;
+}
+
 class SuiteSettings : public ::testing::TestWithParam<SuiteSetting> {
  protected:
   vglobal::UseMemorySettingsStores stores_;

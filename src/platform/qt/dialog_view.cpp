@@ -20,6 +20,7 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QTreeWidget>
+#include <algorithm>
 #include <climits>
 #include <cstdio>
 #include <exception>
@@ -274,6 +275,16 @@ void DialogView::SyncList(int index, unsigned aspects, QWidget* widget) {
 }
 
 // ---- 3. user -> model ------------------------------------------------------------
+
+void DialogView::SelectRows(int index, int id, bool multi, std::vector<int> rows) {
+  std::sort(rows.begin(), rows.end());
+  Act(index, [this, id, multi, &rows] {
+    if (!multi && rows.size() == 1)
+      driver_.Select(id, rows.front());
+    else
+      driver_.SelectRows(id, rows);
+  });
+}
 
 void DialogView::Act(int index, const std::function<void()>& action) {
   if (!Live() || syncing_) return;

@@ -56,6 +56,8 @@ class DialogView final : public QDialog, public DialogObserver {
   // Runs a user action on the model, then shows the control as the model has it
   // (the model may have refused or changed what the user did).
   void Act(int index, const std::function<void()>& action);
+  // Hands a list's new selection (rows in any order) to the model as the user made it.
+  void SelectRows(int index, int id, bool multi, std::vector<int> rows);
   bool Live() const { return dialog_ && !ending_; }
 
   CDialog* dialog_;  // null once the model has closed

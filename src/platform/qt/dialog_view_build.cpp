@@ -195,13 +195,7 @@ void DialogView::Wire(int index, const ControlTemplate& ct, QWidget* widget) {
     connect(list, &QListWidget::itemSelectionChanged, this, [this, index, id, list, multi] {
       std::vector<int> rows;
       for (QListWidgetItem* item : list->selectedItems()) rows.push_back(list->row(item));
-      std::sort(rows.begin(), rows.end());
-      Act(index, [this, id, multi, &rows] {
-        if (!multi && rows.size() == 1)
-          driver_.Select(id, rows.front());
-        else
-          driver_.SelectRows(id, rows);
-      });
+      SelectRows(index, id, multi, std::move(rows));
     });
     connect(list, &QListWidget::itemDoubleClicked, this,
             [this, index, id, list](QListWidgetItem* item) {
@@ -222,13 +216,7 @@ void DialogView::Wire(int index, const ControlTemplate& ct, QWidget* widget) {
       std::vector<int> rows;
       for (QTreeWidgetItem* item : tree->selectedItems())
         rows.push_back(tree->indexOfTopLevelItem(item));
-      std::sort(rows.begin(), rows.end());
-      Act(index, [this, id, multi, &rows] {
-        if (!multi && rows.size() == 1)
-          driver_.Select(id, rows.front());
-        else
-          driver_.SelectRows(id, rows);
-      });
+      SelectRows(index, id, multi, std::move(rows));
     });
     connect(tree, &QTreeWidget::itemDoubleClicked, this,
             [this, index, id, tree](QTreeWidgetItem* item, int) {
