@@ -182,83 +182,50 @@ class VGLOBAL_EXPORT CString {
   }
   static vglobal::fmt::Arg Capture(float v) { return Capture(static_cast<double>(v)); }
   // Captured as a double: the argument list carries no wider floating type.
-  static vglobal::fmt::Arg Capture(long double v) { return Capture(static_cast<double>(v)); };
-  a.ld = v;
-  return a;
-} static vglobal::fmt::Arg Capture(bool v) {
-  return Signed(v ? 1 : 0);
-}
-static vglobal::fmt::Arg Capture(char v) {
-  return Signed(v);
-}
-static vglobal::fmt::Arg Capture(signed char v) {
-  return Signed(v);
-}
-static vglobal::fmt::Arg Capture(unsigned char v) {
-  return Unsigned(v);
-}
-static vglobal::fmt::Arg Capture(wchar_t v) {
-  return Unsigned(static_cast<std::uint32_t>(v));
-}
-static vglobal::fmt::Arg Capture(short v) {
-  return Signed(v);
-}
-static vglobal::fmt::Arg Capture(unsigned short v) {
-  return Unsigned(v);
-}
-static vglobal::fmt::Arg Capture(int v) {
-  return Signed(v);
-}
-static vglobal::fmt::Arg Capture(unsigned int v) {
-  return Unsigned(v);
-}
-static vglobal::fmt::Arg Capture(long v) {
-  return Signed(v);
-}
-static vglobal::fmt::Arg Capture(unsigned long v) {
-  return Unsigned(v);
-}
-static vglobal::fmt::Arg Capture(long long v) {
-  return Signed(v);
-}
-static vglobal::fmt::Arg Capture(unsigned long long v) {
-  return Unsigned(v);
-}
-template <typename E>
-requires std::is_enum_v<E>
-static vglobal::fmt::Arg Capture(E v) {
-  return Signed(static_cast<long long>(v));
-}
-template <typename T>
-static vglobal::fmt::Arg Capture(T* v) {
-  vglobal::fmt::Arg a{vglobal::fmt::Arg::Kind::Pointer, {}};
-  a.p = v;
-  return a;
-}
-static vglobal::fmt::Arg Capture(std::nullptr_t) {
-  return Capture(static_cast<void*>(nullptr));
-}
+  static vglobal::fmt::Arg Capture(long double v) { return Capture(static_cast<double>(v)); }
+  static vglobal::fmt::Arg Capture(bool v) { return Signed(v ? 1 : 0); }
+  static vglobal::fmt::Arg Capture(char v) { return Signed(v); }
+  static vglobal::fmt::Arg Capture(signed char v) { return Signed(v); }
+  static vglobal::fmt::Arg Capture(unsigned char v) { return Unsigned(v); }
+  static vglobal::fmt::Arg Capture(wchar_t v) { return Unsigned(static_cast<std::uint32_t>(v)); }
+  static vglobal::fmt::Arg Capture(short v) { return Signed(v); }
+  static vglobal::fmt::Arg Capture(unsigned short v) { return Unsigned(v); }
+  static vglobal::fmt::Arg Capture(int v) { return Signed(v); }
+  static vglobal::fmt::Arg Capture(unsigned int v) { return Unsigned(v); }
+  static vglobal::fmt::Arg Capture(long v) { return Signed(v); }
+  static vglobal::fmt::Arg Capture(unsigned long v) { return Unsigned(v); }
+  static vglobal::fmt::Arg Capture(long long v) { return Signed(v); }
+  static vglobal::fmt::Arg Capture(unsigned long long v) { return Unsigned(v); }
+  template <typename E>
+  requires std::is_enum_v<E>
+  static vglobal::fmt::Arg Capture(E v) { return Signed(static_cast<long long>(v)); }
+  template <typename T>
+  static vglobal::fmt::Arg Capture(T* v) {
+    vglobal::fmt::Arg a{vglobal::fmt::Arg::Kind::Pointer, {}};
+    a.p = v;
+    return a;
+  }
+  static vglobal::fmt::Arg Capture(std::nullptr_t) { return Capture(static_cast<void*>(nullptr)); }
 
-private:
-static vglobal::fmt::Arg Wide(const wchar_t* v) {
-  vglobal::fmt::Arg a{vglobal::fmt::Arg::Kind::Wide, {}};
-  a.ws = v;
-  return a;
-}
-static vglobal::fmt::Arg Signed(long long v) {
-  vglobal::fmt::Arg a{vglobal::fmt::Arg::Kind::Int, {}};
-  a.i = v;
-  return a;
-}
-static vglobal::fmt::Arg Unsigned(unsigned long long v) {
-  vglobal::fmt::Arg a{vglobal::fmt::Arg::Kind::UInt, {}};
-  a.u = v;
-  return a;
-}
+ private:
+  static vglobal::fmt::Arg Wide(const wchar_t* v) {
+    vglobal::fmt::Arg a{vglobal::fmt::Arg::Kind::Wide, {}};
+    a.ws = v;
+    return a;
+  }
+  static vglobal::fmt::Arg Signed(long long v) {
+    vglobal::fmt::Arg a{vglobal::fmt::Arg::Kind::Int, {}};
+    a.i = v;
+    return a;
+  }
+  static vglobal::fmt::Arg Unsigned(unsigned long long v) {
+    vglobal::fmt::Arg a{vglobal::fmt::Arg::Kind::UInt, {}};
+    a.u = v;
+    return a;
+  }
 
-std::wstring s_;
-}
-;
+  std::wstring s_;
+};
 
 // Automation strings (BSTR): length-prefixed wide strings owned by the receiver.
 VGLOBAL_EXPORT BSTR SysAllocString(const wchar_t* text);
