@@ -380,9 +380,13 @@ std::string CFormat(const std::string& spec, auto value) {
 
 std::string NumberSpec(const Directive& d, int width, int precision, const char* length,
                        char conv) {
-  std::string spec = "%" + d.flags;
+  std::string spec(1, '%');
+  spec += d.flags;
   if (width >= 0) spec += std::to_string(width);
-  if (precision >= 0) spec += "." + std::to_string(precision);
+  if (precision >= 0) {
+    spec.push_back('.');
+    spec += std::to_string(precision);
+  }
   spec += length;
   spec.push_back(conv);
   return spec;
