@@ -46,10 +46,24 @@ void AddQueryCommand(CLI::App& app) {
       "Key path; a path not starting at Software lies below Software\\Ostrel\\Arvenis");
   command->callback([o] {
     const bool machine = o->machine;
+    // A user who has saved nothing yet has no store file: that is an empty store, not
+    // a fault, and looking must not create it.
+    if (!machine) {
+      const std::string file = vglobal::SettingsStorePath(HKEY_CURRENT_USER);
+      auto probe = vglobal::OpenSqliteSettingsStore(file, vglobal::SettingsFileKind::User, false);
+      if (probe->Status().state == vglobal::SettingsStoreState::Absent) {
+        std::cerr << "arvenis-settings: no settings are stored yet (" << file << ")\n";
+        return;
+      }
+    }
     auto store = OpenStore(machine, Access::Read);
     const std::wstring path = KeyPath(o->path);
     const auto key = store->FindKey(vglobal::kSettingsRootKey, path);
-    if (!key) Fail(key.error(), DisplayPath(machine, path));
+    if (!key) {
+      // Without a PATH the suite's own keys are shown, and there may be none yet.
+      if (o->path.empty() && key.error() == vglobal::SettingsError::NotFound) return;
+      Fail(key.error(), DisplayPath(machine, path));
+    }
     PrintKey(*store, *key, machine, path);
   });
 }

@@ -93,6 +93,20 @@ TEST_F(Tool, SetThenQueryPrintsEveryTypeLikeARegistryQuery) {
             std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 }
 
+TEST_F(Tool, ANewUserHasAnEmptyStoreThatLookingDoesNotCreate) {
+  const ToolRun first = Settings({"query"});
+  EXPECT_EQ(first.exit, 0);
+  EXPECT_TRUE(first.out.empty());
+  EXPECT_NE(first.err.find("no settings are stored yet"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(dir_ / "user.db"));
+  // A store holding only keys outside the suite's own shows nothing, successfully.
+  ASSERT_EQ(Settings({"set", "Software\\Other", "v", "--int", "1"}).exit, 0);
+  const ToolRun second = Settings({"query"});
+  EXPECT_EQ(second.exit, 0);
+  EXPECT_TRUE(second.out.empty());
+  EXPECT_EQ(Settings({"query", "Tools"}).exit, 1);
+}
+
 TEST_F(Tool, BadInputExitsOneAndCreatesNothing) {
   for (const auto& args : std::vector<std::vector<std::string>>{
            {"set", "Tools", "Count", "--int", "12abc"},
