@@ -1,0 +1,1 @@
+# Sources of this subsystem; each file here adds its own units.

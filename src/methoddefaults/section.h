@@ -1,0 +1,219 @@
+// The engine behind every settings section of the default processing method.
+//
+// A section is data: a table per direction, one entry per value in the order the
+// values are written or read, each naming the value, its type, how it is taken from
+// or put into the record, and (for writers) the condition under which it is stored.
+// One writer and one reader run every table, so a quirk of the stored layout is an
+// entry a reviewer can see, not a branch buried in code.
+//
+// Map of this file:
+//   1. Entries: WriteEntry / ReadEntry and the factories that build them
+//   2. Running a table: WriteValues / ReadValues, on an open key or a path
+//   3. Lists: the count value and the numbered sub-keys
+//
+// Writers open their key with create = 1 and ignore write results; readers open with
+// create = 0, apply every value they find, never write, and return 1 only when every
+// value they looked for was present.
+#pragma once
+
+#include <climits>
+#include <cmath>
+#include <optional>
+#include <span>
+
+#include "vglobal/compat/cstring.h"
+#include "vglobal/settings.h"
+
+namespace vglobal::methoddefaults {
+
+// ---- 1. Entries ----
+
+enum class ValueType { Int, Double, String };
+
+template <typename Record>
+struct WriteEntry {
+  const wchar_t* name;
+  ValueType type;
+  int (*getInt)(const Record&);
+  double (*getDouble)(const Record&);
+  CString (*getString)(const Record&);
+  bool (*when)(const Record&);  // null: always written
+};
+
+template <typename Record>
+struct ReadEntry {
+  enum class Kind {
+    Int,             // ReadInt into an int setter
+    Double,          // ReadDouble into a double setter
+    String,          // ReadStr into a string setter
+    DoubleAsInt,     // ReadDouble, truncated toward zero into an int setter
+    Action,          // no value is read: a fixed change of the record
+  };
+  const wchar_t* name;  // null for Action
+  Kind kind;
+  void (*setInt)(Record&, int);
+  void (*setDouble)(Record&, double);
+  void (*setString)(Record&, const CString&);
+  void (*action)(Record&);
+};
+
+// Factories, used as  using S = Section<CComponentIO>;  S::Int(L"Name", getter, when).
+// Lambdas without captures convert to the function pointers.
+template <typename Record>
+struct Section {
+  using Write = WriteEntry<Record>;
+  using Read = ReadEntry<Record>;
+  using When = bool (*)(const Record&);
+
+  static constexpr Write Int(const wchar_t* name, int (*get)(const Record&), When when = nullptr) {
+    return {name, ValueType::Int, get, nullptr, nullptr, when};
+  }
+  static constexpr Write Double(const wchar_t* name, double (*get)(const Record&),
+                                When when = nullptr) {
+    return {name, ValueType::Double, nullptr, get, nullptr, when};
+  }
+  static constexpr Write String(const wchar_t* name, CString (*get)(const Record&),
+                                When when = nullptr) {
+    return {name, ValueType::String, nullptr, nullptr, get, when};
+  }
+
+  static constexpr Read ReadInt(const wchar_t* name, void (*set)(Record&, int)) {
+    return {name, Read::Kind::Int, set, nullptr, nullptr, nullptr};
+  }
+  static constexpr Read ReadDouble(const wchar_t* name, void (*set)(Record&, double)) {
+    return {name, Read::Kind::Double, nullptr, set, nullptr, nullptr};
+  }
+  static constexpr Read ReadString(const wchar_t* name, void (*set)(Record&, const CString&)) {
+    return {name, Read::Kind::String, nullptr, nullptr, set, nullptr};
+  }
+  // A double stored for an int field: truncated toward zero. A stored value that no
+  // int can hold (NaN, infinite, out of range) counts as missing.
+  static constexpr Read ReadDoubleAsInt(const wchar_t* name, void (*set)(Record&, int)) {
+    return {name, Read::Kind::DoubleAsInt, set, nullptr, nullptr, nullptr};
+  }
+  // A fixed change made at this point of the reading order; it reads nothing and
+  // does not affect completeness.
+  static constexpr Read Do(void (*action)(Record&)) {
+    return {nullptr, Read::Kind::Action, nullptr, nullptr, nullptr, action};
+  }
+};
+
+// Truncation toward zero of a stored double, or nullopt when no int can hold it.
+inline std::optional<int> TruncateToInt(double value) {
+  if (!std::isfinite(value)) return std::nullopt;
+  double t = std::trunc(value);
+  if (t < static_cast<double>(INT_MIN) || t > static_cast<double>(INT_MAX)) return std::nullopt;
+  return static_cast<int>(t);
+}
+
+// ---- 2. Running a table ----
+
+// Writes the entries whose condition holds, in table order, into an open key.
+template <typename Record>
+void WriteValues(CVRegKey& key, const Record& record, std::span<const WriteEntry<Record>> table) {
+  for (const WriteEntry<Record>& e : table) {
+    if (e.when && !e.when(record)) continue;
+    switch (e.type) {
+      case ValueType::Int:
+        key.WriteInt(e.name, e.getInt(record));
+        break;
+      case ValueType::Double:
+        key.WriteDouble(e.name, e.getDouble(record));
+        break;
+      case ValueType::String:
+        key.WriteStr(e.name, e.getString(record).GetString());
+        break;
+    }
+  }
+}
+
+// Opens `path` below the current user's root for writing, then writes the entries.
+template <typename Record>
+void WriteValues(const wchar_t* path, const Record& record,
+                 std::span<const WriteEntry<Record>> table) {
+  CVRegKey key(HKEY_CURRENT_USER, path, 1, 1);
+  WriteValues(key, record, table);
+}
+
+// Reads every entry in table order from an open key, applying what it finds.
+// Returns 1 when every value was present (actions do not count), else 0.
+template <typename Record>
+int ReadValues(CVRegKey& key, Record& record, std::span<const ReadEntry<Record>> table) {
+  using Kind = typename ReadEntry<Record>::Kind;
+  int complete = 1;
+  for (const ReadEntry<Record>& e : table) {
+    switch (e.kind) {
+      case Kind::Int: {
+        int v = 0;
+        if (key.ReadInt(e.name, &v))
+          e.setInt(record, v);
+        else
+          complete = 0;
+        break;
+      }
+      case Kind::Double: {
+        double v = 0;
+        if (key.ReadDouble(e.name, &v))
+          e.setDouble(record, v);
+        else
+          complete = 0;
+        break;
+      }
+      case Kind::String: {
+        CString v;
+        if (key.ReadStr(e.name, v))
+          e.setString(record, v);
+        else
+          complete = 0;
+        break;
+      }
+      case Kind::DoubleAsInt: {
+        double v = 0;
+        std::optional<int> truncated;
+        if (key.ReadDouble(e.name, &v)) truncated = TruncateToInt(v);
+        if (truncated)
+          e.setInt(record, *truncated);
+        else
+          complete = 0;
+        break;
+      }
+      case Kind::Action:
+        e.action(record);
+        break;
+    }
+  }
+  return complete;
+}
+
+// Opens `path` below the current user's root for reading (nothing is created), then
+// reads the entries. A missing key fails every value but still runs the actions.
+template <typename Record>
+int ReadValues(const wchar_t* path, Record& record, std::span<const ReadEntry<Record>> table) {
+  CVRegKey key(HKEY_CURRENT_USER, path, 0, 0);
+  return ReadValues(key, record, table);
+}
+
+// ---- 3. Lists ----
+
+// The most elements a reader will make room for. Far above any real list; a stored
+// count beyond it is treated as a missing value rather than trusted.
+constexpr int kMaxListLength = 100000;
+
+// Reads a list's count. nullopt when it is missing or larger than kMaxListLength;
+// a count of zero or less gives an empty list.
+inline std::optional<int> ReadListCount(CVRegKey& key, const wchar_t* name) {
+  int count = 0;
+  if (!key.ReadInt(name, &count)) return std::nullopt;
+  if (count > kMaxListLength) return std::nullopt;
+  return count < 0 ? 0 : count;
+}
+
+// The name of a list element's sub-key, from a format such as L"Level[%d]" or
+// L"Row %d".
+inline CString ElementKeyName(const wchar_t* format, int index) {
+  CString name;
+  name.Format(format, index);
+  return name;
+}
+
+}  // namespace vglobal::methoddefaults
