@@ -21,5 +21,16 @@
 #include "vglobal/settings_store.h"
 
 #include "vglobal/fileio/device_types.h"
+#include "vglobal/fileio/filter.h"
+#include "vglobal/fileio/component.h"
+#include "vglobal/fileio/options.h"
+#include "vglobal/fileio/peak_detection.h"
+#include "vglobal/fileio/peak_options.h"
+#include "vglobal/methoddefaults/peak_detection.h"
+#include "vglobal/methoddefaults/component.h"
+#include "vglobal/fileio/post_processing.h"
+#include "vglobal/fileio/proc_method.h"
+#include "vglobal/methoddefaults/qual.h"
+#include "vglobal/methoddefaults/reports.h"
 
 #include "vglobal/frame.h"

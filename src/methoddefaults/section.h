@@ -47,6 +47,8 @@ struct ReadEntry {
     Double,          // ReadDouble into a double setter
     String,          // ReadStr into a string setter
     DoubleAsInt,     // ReadDouble, truncated toward zero into an int setter
+    CheckedString,   // ReadStr into a setter that may refuse the text
+    CheckedInt,      // ReadInt into a setter that may refuse the number
     Action,          // no value is read: a fixed change of the record
   };
   const wchar_t* name;  // null for Action
@@ -55,6 +57,8 @@ struct ReadEntry {
   void (*setDouble)(Record&, double);
   void (*setString)(Record&, const CString&);
   void (*action)(Record&);
+  int (*setCheckedString)(Record&, const CString&);
+  int (*setCheckedInt)(Record&, int);
 };
 
 // Factories, used as  using S = Section<CComponentIO>;  S::Int(L"Name", getter, when).
@@ -78,23 +82,37 @@ struct Section {
   }
 
   static constexpr Read ReadInt(const wchar_t* name, void (*set)(Record&, int)) {
-    return {name, Read::Kind::Int, set, nullptr, nullptr, nullptr};
+    return {name, Read::Kind::Int, set, nullptr, nullptr, nullptr, nullptr, nullptr};
   }
   static constexpr Read ReadDouble(const wchar_t* name, void (*set)(Record&, double)) {
-    return {name, Read::Kind::Double, nullptr, set, nullptr, nullptr};
+    return {name, Read::Kind::Double, nullptr, set, nullptr, nullptr, nullptr, nullptr};
   }
   static constexpr Read ReadString(const wchar_t* name, void (*set)(Record&, const CString&)) {
-    return {name, Read::Kind::String, nullptr, nullptr, set, nullptr};
+    return {name, Read::Kind::String, nullptr, nullptr, set, nullptr, nullptr, nullptr};
+  }
+  // A string for a field that holds only some texts (a fixed-size field, say). The
+  // setter returns 0 to refuse the text, which leaves the field as it was; a refused
+  // value counts as missing, so the section reads as incomplete rather than taking a
+  // mangled value silently.
+  static constexpr Read ReadCheckedString(const wchar_t* name,
+                                          int (*set)(Record&, const CString&)) {
+    return {name, Read::Kind::CheckedString, nullptr, nullptr, nullptr, nullptr, set, nullptr};
+  }
+  // An int for a field that accepts only some numbers (an index into a short table,
+  // say). The setter returns 0 to refuse the number, which leaves the field as it was;
+  // a refused value counts as missing.
+  static constexpr Read ReadCheckedInt(const wchar_t* name, int (*set)(Record&, int)) {
+    return {name, Read::Kind::CheckedInt, nullptr, nullptr, nullptr, nullptr, nullptr, set};
   }
   // A double stored for an int field: truncated toward zero. A stored value that no
   // int can hold (NaN, infinite, out of range) counts as missing.
   static constexpr Read ReadDoubleAsInt(const wchar_t* name, void (*set)(Record&, int)) {
-    return {name, Read::Kind::DoubleAsInt, set, nullptr, nullptr, nullptr};
+    return {name, Read::Kind::DoubleAsInt, set, nullptr, nullptr, nullptr, nullptr, nullptr};
   }
   // A fixed change made at this point of the reading order; it reads nothing and
   // does not affect completeness.
   static constexpr Read Do(void (*action)(Record&)) {
-    return {nullptr, Read::Kind::Action, nullptr, nullptr, nullptr, action};
+    return {nullptr, Read::Kind::Action, nullptr, nullptr, nullptr, action, nullptr, nullptr};
   }
 };
 
@@ -104,6 +122,16 @@ inline std::optional<int> TruncateToInt(double value) {
   double t = std::trunc(value);
   if (t < static_cast<double>(INT_MIN) || t > static_cast<double>(INT_MAX)) return std::nullopt;
   return static_cast<int>(t);
+}
+
+// The int stored for a double field kept as a whole number: truncated toward zero; a
+// value beyond the int range is stored as the nearest int and NaN as 0, so that no
+// value of the field makes the conversion undefined.
+inline int TruncateForStore(double value) {
+  if (std::isnan(value)) return 0;
+  if (value <= static_cast<double>(INT_MIN)) return INT_MIN;
+  if (value >= static_cast<double>(INT_MAX)) return INT_MAX;
+  return static_cast<int>(value);
 }
 
 // ---- 2. Running a table ----
@@ -175,6 +203,16 @@ int ReadValues(CVRegKey& key, Record& record, std::span<const ReadEntry<Record>>
           e.setInt(record, *truncated);
         else
           complete = 0;
+        break;
+      }
+      case Kind::CheckedString: {
+        CString v;
+        if (!key.ReadStr(e.name, v) || !e.setCheckedString(record, v)) complete = 0;
+        break;
+      }
+      case Kind::CheckedInt: {
+        int v = 0;
+        if (!key.ReadInt(e.name, &v) || !e.setCheckedInt(record, v)) complete = 0;
         break;
       }
       case Kind::Action:

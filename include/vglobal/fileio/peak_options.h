@@ -1,0 +1,31 @@
+// How a chromatogram view labels and shows its peaks (CPeakOptions): a set of flag bits
+// and the excess display width, the time added at both ends of a peak when it is
+// shown. Starting values come from record_defaults.h ("Peak detection and method-wide
+// options"). Copy and assignment copy every field.
+#pragma once
+
+#include "vglobal/compat/types.h"
+#include "vglobal/export.h"
+#include "vglobal/fileio/field.h"
+#include "vglobal/fileio/record_defaults.h"
+
+class VGLOBAL_EXPORT CPeakOptions {
+ public:
+  // The flag bits. Bits outside these are kept as they are, for programs that store
+  // more in the same word.
+  enum Flag : int {
+    ShowRetentionTimeLabels = 1,
+    ShowScanNumberLabels = 2,
+    ShowAreaLabels = 4,
+    ShowPeakBaselines = 8,
+  };
+
+  VG_FIELD(int, Flags, vglobal::record_defaults::kPeakOptionFlags)
+  VG_FIELD(double, ExcessDisplayWidth, vglobal::record_defaults::kPeakOptionExcessDisplayWidth)
+
+ public:
+  // True when every bit of `flag` is set.
+  BOOL IsFlagSet(int flag) const { return (m_Flags & flag) == flag ? 1 : 0; }
+  // Sets (set nonzero) or clears every bit of `flag`; the other bits stay.
+  void SetFlag(int flag, BOOL set = 1) { m_Flags = set ? (m_Flags | flag) : (m_Flags & ~flag); }
+};

@@ -1,0 +1,86 @@
+// The whole default quantitation component (Part 2.1): which pages WriteComponentInfo
+// writes for a mask, and the reading order of ReadComponentDefaultInfo. The pages
+// themselves are the sections of component_identification.cpp,
+// component_detection.cpp, calibration and flags.
+#include <array>
+
+#include "methoddefaults/section.h"
+#include "vglobal/fileio/component.h"
+#include "vglobal/methoddefaults/calibration.h"
+#include "vglobal/methoddefaults/component.h"
+#include "vglobal/methoddefaults/flags.h"
+
+namespace {
+
+using vglobal::methoddefaults::ReadValues;
+using S = vglobal::methoddefaults::Section<CComponentIO>;
+
+using PageWriter = void (*)(CComponentIO*);
+using PageReader = int (*)(CComponentIO*);
+
+struct MaskedPage {
+  unsigned int bit;
+  PageWriter write;
+};
+
+// Without kWriteWholeComponent, each set bit in this order. Two bits choose the
+// Detection Flags page: with both set it is written twice.
+constexpr std::array<MaskedPage, 9> kPagesByBit{{
+    {vglobal::kWriteIdentification, WriteIdentificationInfo},
+    {vglobal::kWriteGCDetection, WriteGCDetectionInfo},
+    {vglobal::kWriteLCDetection, WriteLCDetectionInfo},
+    {vglobal::kWriteDetectionFlags, WriteDataFlagsInfo},
+    {vglobal::kWriteDetectionFlagsAgain, WriteDataFlagsInfo},
+    {vglobal::kWriteCalibration, WriteCalibrationInfo},
+    {vglobal::kWriteCalibrationFlags, WriteCalibrationFlagInfo},
+    {vglobal::kWriteLevels, WriteLevelsInfo},
+    {vglobal::kWriteSystemSuitability, WriteSystemSuitabilityInfo},
+}};
+
+// kWriteWholeComponent: every page once. Both detection forms run; the short form
+// rewrites the shared values with the same data and the full form's thresholds stay.
+constexpr std::array<PageWriter, 8> kWholeComponent{
+    WriteIdentificationInfo, WriteGCDetectionInfo,     WriteLCDetectionInfo, WriteDataFlagsInfo,
+    WriteCalibrationInfo,    WriteCalibrationFlagInfo, WriteLevelsInfo,      WriteSystemSuitabilityInfo,
+};
+
+constexpr const wchar_t* kAdvancedDetectionPath =
+    L"Processing Setup\\Defaults\\Quan\\Advanced Detection Options";
+
+// The component's part of Advanced Detection Options; "BkgWidth", written beside
+// these from the method's options, is not the component's and is not read here.
+constexpr std::array kReadAdvancedDetection{
+    S::ReadDouble(L"ValleyThreshold", [](CComponentIO& c, double v) { c.ValleyThreshold(v); }),
+    S::ReadDouble(L"ValleyDepth", [](CComponentIO& c, double v) { c.ValleyDepth(v); }),
+    S::ReadDouble(L"PeakSNRCutoff", [](CComponentIO& c, double v) { c.PeakSNRCutoff(v); }),
+};
+
+int ReadAdvancedDetectionOptions(CComponentIO* component) {
+  return ReadValues<CComponentIO>(kAdvancedDetectionPath, *component, kReadAdvancedDetection);
+}
+
+constexpr std::array<PageReader, 8> kReadOrder{
+    ReadIdentificationInfo,  ReadDetectionInfo, ReadDataFlagsInfo,         ReadCalibrationInfo,
+    ReadCalibrationFlagInfo, ReadLevelsInfo,    ReadSystemSuitabilityInfo, ReadAdvancedDetectionOptions,
+};
+
+}  // namespace
+
+void WriteComponentInfo(CComponentIO* component, unsigned int mask) {
+  if (!component) return;
+  if (mask & vglobal::kWriteWholeComponent) {
+    for (PageWriter write : kWholeComponent) write(component);
+    return;
+  }
+  for (const MaskedPage& page : kPagesByBit)
+    if (mask & page.bit) page.write(component);
+}
+
+int ReadComponentDefaultInfo(CComponentIO* component) {
+  if (!component) return 0;
+  int complete = 1;
+  // Every page is read even after an incomplete one: each applies what it finds.
+  for (PageReader read : kReadOrder)
+    if (!read(component)) complete = 0;
+  return complete;
+}
