@@ -14,6 +14,7 @@ int main(int argc, char** argv) {
   arvenis_settings::AddDeleteCommand(app);
   arvenis_settings::AddCheckCommand(app);
   arvenis_settings::AddInitCommand(app);
+  arvenis_settings::AddDefaultsCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp& e) {

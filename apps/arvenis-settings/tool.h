@@ -47,5 +47,6 @@ void AddSetCommand(CLI::App& app);
 void AddDeleteCommand(CLI::App& app);
 void AddCheckCommand(CLI::App& app);
 void AddInitCommand(CLI::App& app);
+void AddDefaultsCommand(CLI::App& app);
 
 }  // namespace arvenis_settings

@@ -1,4 +1,4 @@
-// The whole default quantitation component (Part 2.1): which pages WriteComponentInfo
+// The whole default quantitation component: which pages WriteComponentInfo
 // writes for a mask, and the reading order of ReadComponentDefaultInfo. The pages
 // themselves are the sections of component_identification.cpp,
 // component_detection.cpp, calibration and flags.
@@ -59,10 +59,21 @@ int ReadAdvancedDetectionOptions(CComponentIO* component) {
   return ReadValues<CComponentIO>(kAdvancedDetectionPath, *component, kReadAdvancedDetection);
 }
 
-constexpr std::array<PageReader, 8> kReadOrder{
-    ReadIdentificationInfo,  ReadDetectionInfo, ReadDataFlagsInfo,         ReadCalibrationInfo,
-    ReadCalibrationFlagInfo, ReadLevelsInfo,    ReadSystemSuitabilityInfo, ReadAdvancedDetectionOptions,
+struct NamedPage {
+  const wchar_t* section;
+  PageReader read;
 };
+
+constexpr std::array<NamedPage, 8> kReadOrder{{
+    {L"Quan\\Identification", ReadIdentificationInfo},
+    {L"Quan\\Detection", ReadDetectionInfo},
+    {L"Quan\\Detection Flags", ReadDataFlagsInfo},
+    {L"Quan\\Calibration", ReadCalibrationInfo},
+    {L"Quan\\Calibration Flags", ReadCalibrationFlagInfo},
+    {L"Quan\\Levels", ReadLevelsInfo},
+    {L"Quan\\System Suitability", ReadSystemSuitabilityInfo},
+    {L"Quan\\Advanced Detection Options", ReadAdvancedDetectionOptions},
+}};
 
 }  // namespace
 
@@ -76,11 +87,15 @@ void WriteComponentInfo(CComponentIO* component, unsigned int mask) {
     if (mask & page.bit) page.write(component);
 }
 
+std::vector<vglobal::SectionResult> vglobal::ReadComponentDefaultSections(CComponentIO* component) {
+  std::vector<SectionResult> results;
+  if (!component) return results;
+  // Every page is read even after an incomplete one: each applies what it finds.
+  for (const NamedPage& page : kReadOrder) results.push_back({page.section, page.read(component)});
+  return results;
+}
+
 int ReadComponentDefaultInfo(CComponentIO* component) {
   if (!component) return 0;
-  int complete = 1;
-  // Every page is read even after an incomplete one: each applies what it finds.
-  for (PageReader read : kReadOrder)
-    if (!read(component)) complete = 0;
-  return complete;
+  return vglobal::AllComplete(vglobal::ReadComponentDefaultSections(component));
 }

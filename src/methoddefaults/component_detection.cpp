@@ -1,4 +1,4 @@
-// The Detection page of the default quantitation component (Part 2.1): how the peak is
+// The Detection page of the default quantitation component: how the peak is
 // found and how the component's identity is confirmed. One key, two written forms: the
 // full form (GC) adds the spectral thresholds or the ion-ratio confirmation to the
 // short form (LC); the reader reads everything either form may hold.

@@ -1,4 +1,4 @@
-// The Identification page of the default quantitation component (Part 2.1): what the
+// The Identification page of the default quantitation component: what the
 // component is measured on and where it is looked for.
 #include <array>
 

@@ -1,5 +1,5 @@
 // The Identification and Detection pages of the default component and the whole
-// component (Part 2.1): the stored names, types and order under each condition, and
+// component: the stored names, types and order under each condition, and
 // the deliberate quirks of the stored layout, observed in the store itself.
 #include <gtest/gtest.h>
 

@@ -21,6 +21,10 @@
 //   confirmation off, and the ion-ratio values written with it are read all the same.
 #pragma once
 
+#include <vector>
+
+#include "vglobal/methoddefaults/section_result.h"
+
 #include "vglobal/export.h"
 
 class CComponentIO;
@@ -40,6 +44,11 @@ enum ComponentPageBits : unsigned int {
   kWriteLevels = 0x100,
   kWriteSystemSuitability = 0x200,
 };
+
+// Reads the whole default component, page by page in the order of
+// ReadComponentDefaultInfo, and says of each page (named by its key below
+// "Processing Setup\\Defaults") whether every value was present.
+VGLOBAL_EXPORT std::vector<SectionResult> ReadComponentDefaultSections(CComponentIO* component);
 
 }  // namespace vglobal
 

@@ -13,6 +13,10 @@
 // nothing and a reader return 0.
 #pragma once
 
+#include <vector>
+
+#include "vglobal/methoddefaults/section_result.h"
+
 #include "vglobal/export.h"
 
 class CProcMethod;
@@ -50,3 +54,9 @@ VGLOBAL_EXPORT int ReadAllProgramDefaultInfo(CProcMethod* method);
 // appended to, so reading into a method that already holds rows adds to them. The
 // quantitation components are not part of it (see ReadComponentDefaultInfo).
 VGLOBAL_EXPORT int ReadDefaultProcMethod(CProcMethod* method);
+
+namespace vglobal {
+// Reads the whole default method section by section, in the order of
+// ReadDefaultProcMethod, and says of each section whether it was complete.
+VGLOBAL_EXPORT std::vector<SectionResult> ReadDefaultProcMethodSections(CProcMethod* method);
+}  // namespace vglobal

@@ -1,0 +1,20 @@
+// The processing-method records, the scan filter and their enumerations.
+#pragma once
+
+#include "vglobal/fileio/component.h"
+#include "vglobal/fileio/component_calibration.h"
+#include "vglobal/fileio/component_flags.h"
+#include "vglobal/fileio/component_identification.h"
+#include "vglobal/fileio/constraints.h"
+#include "vglobal/fileio/device_types.h"
+#include "vglobal/fileio/filter.h"
+#include "vglobal/fileio/level.h"
+#include "vglobal/fileio/library_search.h"
+#include "vglobal/fileio/mass_list.h"
+#include "vglobal/fileio/options.h"
+#include "vglobal/fileio/peak_detection.h"
+#include "vglobal/fileio/peak_options.h"
+#include "vglobal/fileio/post_processing.h"
+#include "vglobal/fileio/proc_method.h"
+#include "vglobal/fileio/report.h"
+#include "vglobal/fileio/spec_enhance.h"
