@@ -179,9 +179,12 @@ void AddDefaultsCommand(CLI::App& app) {
     const auto state = probe->Status().state;
     if (state == vglobal::SettingsStoreState::Unusable)
       Fail(kUnavailable, file + ": " + probe->Status().reason);
-    if (state == vglobal::SettingsStoreState::Absent)
+    if (state == vglobal::SettingsStoreState::Absent) {
       std::cerr << "arvenis-settings: no settings are stored yet (" << file
                 << "); showing the built-in defaults\n";
+      // Reading through an empty store in memory: looking must not create the file.
+      vglobal::SetSettingsStore(HKEY_CURRENT_USER, vglobal::MakeMemorySettingsStore());
+    }
     const Json defaults = ReadDefaults();
     if (*json)
       std::cout << defaults.dump(2) << '\n';

@@ -20,17 +20,21 @@ namespace {
 using vglobal::testing::Populate;
 using vglobal::testing::Seed;
 
-CComponentIO FullComponent(Seed& seed) {
+// Two sets of the choices that decide which groups are stored: the usual one (the mass
+// spectrometer with its filter, a target compound with its levels, ion-ratio
+// confirmation) and the other branch of each choice.
+enum class Choices { Usual, Other };
+
+CComponentIO FullComponent(Seed& seed, Choices choices = Choices::Usual) {
   CComponentIO c;
   Populate(static_cast<vglobal::ComponentIdentification&>(c), seed);
   Populate(static_cast<vglobal::ComponentCalibration&>(c), seed);
   Populate(static_cast<vglobal::ComponentFlags&>(c), seed);
-  // Choices that open the most conditional groups: the mass spectrometer (its filter),
-  // a target compound with its levels, not itself a retention-time reference.
-  c.DetectorType(VIRTUAL_DEVICE_MS);
-  c.UseAsRTReference(0);
-  c.Type(0);
-  c.PeakDetectionIndex(1);
+  const bool usual = choices == Choices::Usual;
+  c.DetectorType(usual ? VIRTUAL_DEVICE_MS : VIRTUAL_DEVICE_PDA);
+  c.UseAsRTReference(usual ? 0 : 1);
+  c.Type(usual ? 0 : 4);  // a target compound, or a surrogate
+  c.PeakDetectionIndex(usual ? 1 : 0);
   CVC_FilterStruct parser(9, 2, 2);
   EXPECT_TRUE(parser.ParseFilterStructString(L"+ c SIM ms [194.50-195.50,200.00-201.00]", -1));
   c.Filter(parser.ToCFilter());
@@ -42,7 +46,10 @@ CComponentIO FullComponent(Seed& seed) {
       Populate(replicate, seed);
       level.AddReplicate(replicate);
     }
-    c.AddCalLevel(level);
+    if (usual)
+      c.AddCalLevel(level);
+    else
+      c.AddSurrogateLevel(level);
   }
   CLevel qc;
   Populate(qc, seed);
@@ -56,16 +63,18 @@ CComponentIO FullComponent(Seed& seed) {
   return c;
 }
 
-CProcMethod FullMethod(Seed& seed, const CFilter& filter) {
+CProcMethod FullMethod(Seed& seed, const CFilter& filter, Choices choices = Choices::Usual) {
+  const bool usual = choices == Choices::Usual;
   CProcMethod m;
   Populate(m.PeakDetection(), seed);
-  m.PeakDetection().DetectorType(VIRTUAL_DEVICE_MS);
+  m.PeakDetection().DetectorType(usual ? VIRTUAL_DEVICE_MS : VIRTUAL_DEVICE_UV);
   m.PeakDetection().Filter(filter);
   Populate(m.Options(), seed);
-  m.Options().VoidTime(0);
+  m.Options().VoidTime(usual ? 0 : 1);
   Populate(m.SpecEnhanceOptions(), seed);
-  m.SpecEnhanceOptions().SpectrumMethod(1);
+  m.SpecEnhanceOptions().SpectrumMethod(usual ? 1 : 0);
   Populate(m.LibrarySearchOptions(), seed);
+  m.LibrarySearchOptions().SearchType(usual ? 0 : 1);
   m.LibrarySearchOptions().AddSearchListItem(L"mainlib");
   m.LibrarySearchOptions().AddSearchListItem(L"replib");
   Populate(m.Constraints(), seed);
@@ -88,13 +97,17 @@ CProcMethod FullMethod(Seed& seed, const CFilter& filter) {
   return m;
 }
 
-std::string GoldenPath() { return VGLOBAL_TESTS_DIR "/methoddefaults/golden/layout.txt"; }
+std::string GoldenPath(const char* name) {
+  return std::string(VGLOBAL_TESTS_DIR "/methoddefaults/golden/") + name;
+}
 
-TEST(GoldenLayout, WholeMethodComponentAndNamedKeyMatchTheGoldenFile) {
+// Writes every section of a fully populated method and component and compares the
+// store with the golden file.
+void ExpectStoredLayout(Choices choices, const char* goldenName) {
   vglobal::UseMemorySettingsStores stores;
   Seed seed;
-  CComponentIO component = FullComponent(seed);
-  CProcMethod method = FullMethod(seed, component.Filter());
+  CComponentIO component = FullComponent(seed, choices);
+  CProcMethod method = FullMethod(seed, component.Filter(), choices);
 
   WriteComponentInfo(&component, vglobal::kWriteWholeComponent);
   WriteAdvDetectOptionsInfo(&component, &method.Options());
@@ -115,12 +128,13 @@ TEST(GoldenLayout, WholeMethodComponentAndNamedKeyMatchTheGoldenFile) {
                      vglobal::testing::DumpUserStore(L"Explore") +
                      vglobal::testing::DumpUserStore(L"Golden");
 
+  const std::string path = GoldenPath(goldenName);
   if (std::getenv("VGLOBAL_UPDATE_GOLDEN")) {
-    std::ofstream(GoldenPath(), std::ios::binary) << dump;
-    GTEST_SKIP() << "golden file rewritten: " << GoldenPath();
+    std::ofstream(path, std::ios::binary) << dump;
+    GTEST_SKIP() << "golden file rewritten: " << path;
   }
-  std::ifstream in(GoldenPath(), std::ios::binary);
-  ASSERT_TRUE(in) << "missing " << GoldenPath();
+  std::ifstream in(path, std::ios::binary);
+  ASSERT_TRUE(in) << "missing " << path;
   std::stringstream golden;
   golden << in.rdbuf();
   // Compared line by line so that a failure names the first differing line.
@@ -131,8 +145,19 @@ TEST(GoldenLayout, WholeMethodComponentAndNamedKeyMatchTheGoldenFile) {
     const bool moreGot = static_cast<bool>(std::getline(got, g));
     if (!moreWant && !moreGot) break;
     ASSERT_EQ(moreWant ? w : "<end of golden file>", moreGot ? g : "<end of store>")
-        << "at line " << line << " of " << GoldenPath();
+        << "at line " << line << " of " << path;
   }
+}
+
+TEST(GoldenLayout, WholeMethodComponentAndNamedKeyMatchTheGoldenFile) {
+  ExpectStoredLayout(Choices::Usual, "layout.txt");
+}
+
+// The other branch of every choice: a detector other than the mass spectrometer, a
+// component that is its own retention-time reference, a surrogate, the spectral
+// thresholds instead of ion ratios, and the other qualitative methods.
+TEST(GoldenLayout, OtherBranchOfEveryChoiceMatchesItsGoldenFile) {
+  ExpectStoredLayout(Choices::Other, "layout_other_choices.txt");
 }
 
 // Reading the golden layout back gives every value the writers stored: the readers

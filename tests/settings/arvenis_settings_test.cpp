@@ -107,6 +107,25 @@ TEST_F(Tool, ANewUserHasAnEmptyStoreThatLookingDoesNotCreate) {
   EXPECT_EQ(Settings({"query", "Tools"}).exit, 1);
 }
 
+TEST_F(Tool, DefaultsShowTheBuiltInRecordsUntilASampleIsWritten) {
+  const ToolRun empty = Settings({"defaults", "show"});
+  EXPECT_EQ(empty.exit, 0);
+  EXPECT_NE(empty.out.find("Default processing method (incomplete)"), std::string::npos);
+  EXPECT_NE(empty.out.find("section Reports: incomplete"), std::string::npos);
+  EXPECT_NE(empty.out.find("PeakDetection.SNThreshold = 3.0"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(dir_ / "user.db"));
+
+  ASSERT_EQ(Settings({"defaults", "write-sample"}).exit, 0);
+  const ToolRun json = Settings({"defaults", "show", "--json"});
+  ASSERT_EQ(json.exit, 0);
+  // The sample's rows and levels come back through the readers.
+  EXPECT_NE(json.out.find("\"Reports\": \"complete\""), std::string::npos);
+  EXPECT_NE(json.out.find("\"Name\": \"Quantitation Report\""), std::string::npos);
+  EXPECT_NE(json.out.find("\"LevelName\": \"Cal 4\""), std::string::npos);
+  EXPECT_NE(json.out.find("\"ProgramName\": \"/opt/arvenis/bin/export-lims\""), std::string::npos);
+  EXPECT_EQ(Settings({"defaults"}).exit, 1);
+}
+
 TEST_F(Tool, BadInputExitsOneAndCreatesNothing) {
   for (const auto& args : std::vector<std::vector<std::string>>{
            {"set", "Tools", "Count", "--int", "12abc"},
