@@ -1,6 +1,6 @@
-// A component kept under a key the application names: the layout written, what a read
-// gives back (and deliberately does not), repair of an incomplete key, and ownership
-// of the component handed to SetRegistryEntries.
+// A component kept under a key the application names: what a read gives back (and
+// deliberately does not), stale and damaged lists, repair of an incomplete key, and
+// ownership of the component handed to SetRegistryEntries.
 #include "vglobal/methoddefaults/named_component.h"
 
 #include <gtest/gtest.h>
@@ -16,20 +16,6 @@
 namespace {
 
 const std::wstring kPath = L"Quan Browser\\Component";
-
-const char* const kIdentificationLayout =
-    "Filter:string NumMassRanges:int Name:string UserEnteredRT:double RTSearchWindow:double "
-    "UseAsRTReference:int AdjustExpectedRT:int RTReference:string PeakDetectionIndex:int "
-    "SNThreshold:double FitThreshold:double SmoothingPoints:int ValleyDetection:int "
-    "ConstrainPeak:int PeakHeightPercentage:double TailingFactor:double NumMIPairs:int "
-    "BaselineWindow:int PeakNoiseFactor:int MultipletResolution:int KivaMinPeakWidth:int "
-    "AreaScanWindow:int AreaNoiseFactor:int AreaTailExtension:int KivaNoiseType:int "
-    "KivaConstrainPeak:int KivaPeakHeightPercentage:double KivaTailingFactor:double";
-// "Name" is written a second time here and keeps its first place.
-const char* const kCalibrationLayout =
-    "Type:int ISTDBaseAmount:double ISTDUnits:string CurveIndex:int OriginIndex:int "
-    "WeightingIndex:int ResponseIndex:int CalibrationUnits:string ReportUnits:string "
-    "NumCalLevels:int NumQCLevels:int PercentISTDInTarget:double PercentTargetInISTD:double";
 
 class NamedComponentStore : public ::testing::Test {
  protected:
@@ -106,41 +92,6 @@ CComponentIO FullComponent() {
 
 void WriteAll(CComponentIO& c, const std::wstring& path = kPath) {
   CreateRegistryEntries(&c, path.c_str());
-}
-
-TEST_F(NamedComponentStore, CreateWritesTheWholeLayout) {
-  CComponentIO c = FullComponent();
-  WriteAll(c);
-  EXPECT_EQ(stored_layout::Values(kPath),
-            std::string(kIdentificationLayout) + " " + kCalibrationLayout);
-  EXPECT_EQ(stored_layout::Subkeys(kPath), "Filter, MassRange, MassList, CalLevels, QCLevels");
-  EXPECT_EQ(stored_layout::Subkeys(kPath + L"\\Filter"), "Masses");
-  EXPECT_EQ(stored_layout::Values(kPath + L"\\Filter\\Masses"), "");
-  EXPECT_EQ(stored_layout::Subkeys(kPath + L"\\MassRange"), "");
-  EXPECT_EQ(stored_layout::Subkeys(kPath + L"\\MassList"), "MassList[0], MassList[1]");
-  EXPECT_EQ(stored_layout::Values(kPath + L"\\MassList\\MassList[1]"),
-            "Mass:double Intensity:double");
-  EXPECT_EQ(stored_layout::Subkeys(kPath + L"\\CalLevels"), "Level[0], Level[1], Level[2]");
-  EXPECT_EQ(stored_layout::Values(kPath + L"\\CalLevels\\Level[2]"),
-            "BaseAmount:double TestPercent:double Name:string NumReplicates:int");
-  EXPECT_EQ(stored_layout::Values(kPath + L"\\CalLevels\\Level[2]\\Replicate[1]"),
-            "Amount:double Height:double Area:double ExcludeFromCalibration:int "
-            "ResultFileName:string");
-  EXPECT_EQ(stored_layout::Subkeys(kPath + L"\\QCLevels"), "Level[0]");
-}
-
-TEST_F(NamedComponentStore, StoredTypeFilterAndMassRangesAreAlwaysEmpty) {
-  CComponentIO c = FullComponent();
-  WriteAll(c);
-  CVRegKey key(HKEY_CURRENT_USER, kPath.c_str(), 0, 0);
-  int type = -1, ranges = -1;
-  CString filter = L"x";
-  key.ReadInt(L"Type", &type);
-  key.ReadInt(L"NumMassRanges", &ranges);
-  key.ReadStr(L"Filter", filter);
-  EXPECT_EQ(type, 0);
-  EXPECT_EQ(ranges, 0);
-  EXPECT_EQ(filter, L"");
 }
 
 TEST_F(NamedComponentStore, RoundTripKeepsValuesMassListAndSortedLevels) {
@@ -314,8 +265,6 @@ TEST_F(NamedComponentStore, MissingKeyIsMadeFromADefaultComponent) {
   std::unique_ptr<CComponentIO> made(SetRegistryEntries(nullptr, path_));
   EXPECT_EQ(made->ComponentName(), CComponentIO().ComponentName());
   EXPECT_EQ(made->Type(), 0);
-  EXPECT_EQ(stored_layout::Values(kPath),
-            std::string(kIdentificationLayout) + " " + kCalibrationLayout);
 
   // Now complete: the next load reads it as it stands.
   std::unique_ptr<CComponentIO> loaded(SetRegistryEntries(nullptr, path_));
