@@ -46,8 +46,8 @@ constexpr int kMaxDecimals = 9;
 
 void AppendMass(std::wstring& out, double mass, int decimals) {
   std::array<char, 64> buf{};
-  auto [end, ec] = std::to_chars(buf.data(), buf.data() + buf.size(), mass,
-                                 std::chars_format::fixed, decimals);
+  auto [end, ec] =
+      std::to_chars(buf.data(), buf.data() + buf.size(), mass, std::chars_format::fixed, decimals);
   if (ec != std::errc()) return;  // cannot happen for |mass| below kMaxMass with <= 9 decimals
   out.append(buf.data(), end);    // ASCII only: widening char by char is exact
 }
@@ -117,8 +117,12 @@ struct ParseError {
   std::size_t position;
 };
 
-bool IsSpace(wchar_t c) { return c == L' ' || c == L'\t'; }
-bool IsDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+bool IsSpace(wchar_t c) {
+  return c == L' ' || c == L'\t';
+}
+bool IsDigit(wchar_t c) {
+  return c >= L'0' && c <= L'9';
+}
 
 // A short, printable quotation of the text at `pos` for error messages: the character
 // there (a space too) and what follows it up to the next space.
@@ -145,8 +149,9 @@ class FilterParser {
       const std::wstring_view word = Word();
       if (word == L"+" || word == L"-") {
         if (seenPolarity || seenMode || seenType)
-          return Fail(L"polarity " + Quote(text_, start) + L" repeated or after the scan mode or type",
-                      start);
+          return Fail(
+              L"polarity " + Quote(text_, start) + L" repeated or after the scan mode or type",
+              start);
         filter.SetPolarity(word == L"+" ? CFilter::PolarityPositive : CFilter::PolarityNegative);
         seenPolarity = true;
       } else if (word == L"c" || word == L"p") {
@@ -218,8 +223,9 @@ class FilterParser {
         ++pos_;
         if (auto error = Mass(high)) return error;
         if (low > high)
-          return Fail(L"mass range " + Quote(text_, rangeStart) + L" has its low mass above its high mass",
-                      rangeStart);
+          return Fail(
+              L"mass range " + Quote(text_, rangeStart) + L" has its low mass above its high mass",
+              rangeStart);
       }
       if (!filter.AddMassRange(low, high))
         return Fail(L"more than " + std::to_wstring(CFilter::kMaxMassRanges) + L" mass ranges",
@@ -239,16 +245,14 @@ class FilterParser {
     std::string digits;  // the same characters, narrowed for from_chars
     auto take = [&] {
       while (pos_ < text_.size() && IsDigit(text_[pos_])) {
-        if (digits.size() >= kMaxMassTextLength)
-          return false;
+        if (digits.size() >= kMaxMassTextLength) return false;
         digits += static_cast<char>(text_[pos_++]);
       }
       return true;
     };
     const std::size_t intStart = pos_;
     if (!take()) return Fail(L"mass too long", start);
-    if (pos_ == intStart)
-      return Fail(L"expected a mass, found " + Quote(text_, pos_), pos_);
+    if (pos_ == intStart) return Fail(L"expected a mass, found " + Quote(text_, pos_), pos_);
     if (pos_ < text_.size() && text_[pos_] == L'.') {
       digits += '.';
       ++pos_;

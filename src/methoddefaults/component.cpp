@@ -40,8 +40,9 @@ constexpr std::array<MaskedPage, 9> kPagesByBit{{
 // kWriteWholeComponent: every page once. Both detection forms run; the short form
 // rewrites the shared values with the same data and the full form's thresholds stay.
 constexpr std::array<PageWriter, 8> kWholeComponent{
-    WriteIdentificationInfo, WriteGCDetectionInfo,     WriteLCDetectionInfo, WriteDataFlagsInfo,
-    WriteCalibrationInfo,    WriteCalibrationFlagInfo, WriteLevelsInfo,      WriteSystemSuitabilityInfo,
+    WriteIdentificationInfo, WriteGCDetectionInfo,       WriteLCDetectionInfo,
+    WriteDataFlagsInfo,      WriteCalibrationInfo,       WriteCalibrationFlagInfo,
+    WriteLevelsInfo,         WriteSystemSuitabilityInfo,
 };
 
 constexpr const wchar_t* kAdvancedDetectionPath =

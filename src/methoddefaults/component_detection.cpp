@@ -21,13 +21,16 @@ constexpr std::array kWritePeakFinding{
     S::Int(L"SmoothingPoints", [](const CComponentIO& c) { return c.SmoothingPoints(); }),
     S::Double(L"BaseSNR", [](const CComponentIO& c) { return c.BaseSNR(); }),
     S::Int(L"ValleyDetection", [](const CComponentIO& c) { return c.ValleyDetection(); }),
-    S::Double(L"ExpectedPeakWidth", [](const CComponentIO& c) { return c.ExpectedPeakWidth(); },
-              [](const CComponentIO& c) { return c.ValleyDetection() != 0; }),
+    S::Double(
+        L"ExpectedPeakWidth", [](const CComponentIO& c) { return c.ExpectedPeakWidth(); },
+        [](const CComponentIO& c) { return c.ValleyDetection() != 0; }),
     S::Int(L"ConstrainPeak", [](const CComponentIO& c) { return c.ConstrainPeak(); }),
-    S::Double(L"PeakHeightPercentage", [](const CComponentIO& c) { return c.PeakHeightPercentage(); },
-              [](const CComponentIO& c) { return c.ConstrainPeak() != 0; }),
-    S::Double(L"TailingFactor", [](const CComponentIO& c) { return c.TailingFactor(); },
-              [](const CComponentIO& c) { return c.ConstrainPeak() != 0; }),
+    S::Double(
+        L"PeakHeightPercentage", [](const CComponentIO& c) { return c.PeakHeightPercentage(); },
+        [](const CComponentIO& c) { return c.ConstrainPeak() != 0; }),
+    S::Double(
+        L"TailingFactor", [](const CComponentIO& c) { return c.TailingFactor(); },
+        [](const CComponentIO& c) { return c.ConstrainPeak() != 0; }),
     S::Int(L"PeakDetectionIndex", [](const CComponentIO& c) { return c.PeakDetectionIndex(); }),
     S::Double(L"SNThreshold", [](const CComponentIO& c) { return c.SNThreshold(); }),
     S::Int(L"BaselineWindow", [](const CComponentIO& c) { return c.BaselineWindow(); }),
@@ -47,27 +50,39 @@ constexpr std::array kWritePeakFinding{
 
 // Step 5, full form only: the first algorithm confirms by spectral match thresholds;
 // the others confirm on the mass spectrometer by qualifier-ion ratios.
-bool UsesSpectralThresholds(const CComponentIO& c) { return c.PeakDetectionIndex() == 0; }
+bool UsesSpectralThresholds(const CComponentIO& c) {
+  return c.PeakDetectionIndex() == 0;
+}
 bool UsesIonRatios(const CComponentIO& c) {
   return c.PeakDetectionIndex() != 0 && c.DetectorType() == VIRTUAL_DEVICE_MS;
 }
-bool IonRatiosOn(const CComponentIO& c) { return UsesIonRatios(c) && c.IonRatioConfirmation() != 0; }
+bool IonRatiosOn(const CComponentIO& c) {
+  return UsesIonRatios(c) && c.IonRatioConfirmation() != 0;
+}
 
 constexpr std::array kWriteConfirmation{
-    S::Int(L"ForwardThreshold", [](const CComponentIO& c) { return c.ForwardThreshold(); },
-           UsesSpectralThresholds),
-    S::Int(L"ReverseThreshold", [](const CComponentIO& c) { return c.ReverseThreshold(); },
-           UsesSpectralThresholds),
-    S::Int(L"MatchThreshold", [](const CComponentIO& c) { return c.MatchThreshold(); },
-           UsesSpectralThresholds),
+    S::Int(
+        L"ForwardThreshold", [](const CComponentIO& c) { return c.ForwardThreshold(); },
+        UsesSpectralThresholds),
+    S::Int(
+        L"ReverseThreshold", [](const CComponentIO& c) { return c.ReverseThreshold(); },
+        UsesSpectralThresholds),
+    S::Int(
+        L"MatchThreshold", [](const CComponentIO& c) { return c.MatchThreshold(); },
+        UsesSpectralThresholds),
     // Stored as 0 whatever the field holds, so a default never switches the
     // confirmation on; the ion-ratio values below still follow the field.
-    S::Int(L"IonRatioConfirmation", [](const CComponentIO&) { return 0; }, UsesIonRatios),
-    S::Int(L"IonRatioMethod", [](const CComponentIO& c) { return c.IonRatioMethod(); }, IonRatiosOn),
-    S::Int(L"Standard", [](const CComponentIO& c) { return c.Standard(); }, IonRatiosOn),
-    S::Int(L"IonRatioWndType", [](const CComponentIO& c) { return c.IonRatioWndType(); }, IonRatiosOn),
-    S::Double(L"QualifierIonCoelution", [](const CComponentIO& c) { return c.QualifierIonCoelution(); },
-              IonRatiosOn),
+    S::Int(
+        L"IonRatioConfirmation", [](const CComponentIO&) { return 0; }, UsesIonRatios),
+    S::Int(
+        L"IonRatioMethod", [](const CComponentIO& c) { return c.IonRatioMethod(); }, IonRatiosOn),
+    S::Int(
+        L"Standard", [](const CComponentIO& c) { return c.Standard(); }, IonRatiosOn),
+    S::Int(
+        L"IonRatioWndType", [](const CComponentIO& c) { return c.IonRatioWndType(); }, IonRatiosOn),
+    S::Double(
+        L"QualifierIonCoelution", [](const CComponentIO& c) { return c.QualifierIonCoelution(); },
+        IonRatiosOn),
 };
 
 constexpr std::array kRead{
@@ -76,7 +91,8 @@ constexpr std::array kRead{
     S::ReadInt(L"ValleyDetection", [](CComponentIO& c, int v) { c.ValleyDetection(v); }),
     S::ReadDouble(L"ExpectedPeakWidth", [](CComponentIO& c, double v) { c.ExpectedPeakWidth(v); }),
     S::ReadInt(L"ConstrainPeak", [](CComponentIO& c, int v) { c.ConstrainPeak(v); }),
-    S::ReadDouble(L"PeakHeightPercentage", [](CComponentIO& c, double v) { c.PeakHeightPercentage(v); }),
+    S::ReadDouble(L"PeakHeightPercentage",
+                  [](CComponentIO& c, double v) { c.PeakHeightPercentage(v); }),
     S::ReadDouble(L"TailingFactor", [](CComponentIO& c, double v) { c.TailingFactor(v); }),
     S::ReadInt(L"PeakDetectionIndex", [](CComponentIO& c, int v) { c.PeakDetectionIndex(v); }),
     S::ReadDouble(L"SNThreshold", [](CComponentIO& c, double v) { c.SNThreshold(v); }),

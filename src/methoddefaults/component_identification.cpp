@@ -14,7 +14,9 @@ using S = vglobal::methoddefaults::Section<CComponentIO>;
 
 constexpr const wchar_t* kIdentificationPath = L"Processing Setup\\Defaults\\Quan\\Identification";
 
-bool OnMassSpectrometer(const CComponentIO& c) { return c.DetectorType() == VIRTUAL_DEVICE_MS; }
+bool OnMassSpectrometer(const CComponentIO& c) {
+  return c.DetectorType() == VIRTUAL_DEVICE_MS;
+}
 
 // The trace type that goes with a detector. The stored "Trace1Type" is this, not the
 // component's field, so a default component always starts with its detector's trace.
@@ -32,14 +34,19 @@ int TraceTypeOfDetector(const CComponentIO& c) {
   }
 }
 
-bool TracksAReference(const CComponentIO& c) { return c.UseAsRTReference() == 0; }
+bool TracksAReference(const CComponentIO& c) {
+  return c.UseAsRTReference() == 0;
+}
 
 constexpr std::array kWrite{
-    S::Int(L"DetectorType", [](const CComponentIO& c) { return static_cast<int>(c.DetectorType()); }),
-    S::Double(L"DetectorDelay", [](const CComponentIO& c) { return c.DetectorDelay(); },
-              [](const CComponentIO& c) { return !OnMassSpectrometer(c); }),
-    S::String(L"Filter", [](const CComponentIO& c) { return c.Filter().GetFilterString(-1, -1, 2); },
-              OnMassSpectrometer),
+    S::Int(L"DetectorType",
+           [](const CComponentIO& c) { return static_cast<int>(c.DetectorType()); }),
+    S::Double(
+        L"DetectorDelay", [](const CComponentIO& c) { return c.DetectorDelay(); },
+        [](const CComponentIO& c) { return !OnMassSpectrometer(c); }),
+    S::String(
+        L"Filter", [](const CComponentIO& c) { return c.Filter().GetFilterString(-1, -1, 2); },
+        OnMassSpectrometer),
     S::Int(L"Trace1Type", TraceTypeOfDetector),
     // The second trace and its operator are not part of a default: always none.
     S::Int(L"TraceOperator", [](const CComponentIO&) { return 0; }),
@@ -48,10 +55,12 @@ constexpr std::array kWrite{
     S::Double(L"RTSearchWindow", [](const CComponentIO& c) { return c.RTSearchWindow(); }),
     S::Double(L"DisplayWindowWidth", [](const CComponentIO& c) { return c.DisplayWindowWidth(); }),
     // A component that is itself a reference does not follow another one.
-    S::Int(L"AdjustExpectedRT", [](const CComponentIO& c) { return c.AdjustExpectedRT(); },
-           TracksAReference),
-    S::String(L"RTReference", [](const CComponentIO& c) { return c.RTReference(); },
-              [](const CComponentIO& c) { return TracksAReference(c) && c.AdjustExpectedRT() != 0; }),
+    S::Int(
+        L"AdjustExpectedRT", [](const CComponentIO& c) { return c.AdjustExpectedRT(); },
+        TracksAReference),
+    S::String(
+        L"RTReference", [](const CComponentIO& c) { return c.RTReference(); },
+        [](const CComponentIO& c) { return TracksAReference(c) && c.AdjustExpectedRT() != 0; }),
 };
 
 // The filter is reset, never read: a stored filter belongs to the method it was saved
@@ -73,7 +82,8 @@ constexpr std::array kRead{
     S::ReadInt(L"TraceOperator", [](CComponentIO& c, int v) { c.TraceOperator(v); }),
     S::ReadString(L"Keys", [](CComponentIO& c, const CString& v) { c.Keys(v); }),
     S::ReadDouble(L"RTSearchWindow", [](CComponentIO& c, double v) { c.RTSearchWindow(v); }),
-    S::ReadDouble(L"DisplayWindowWidth", [](CComponentIO& c, double v) { c.DisplayWindowWidth(v); }),
+    S::ReadDouble(L"DisplayWindowWidth",
+                  [](CComponentIO& c, double v) { c.DisplayWindowWidth(v); }),
     S::ReadInt(L"AdjustExpectedRT", [](CComponentIO& c, int v) { c.AdjustExpectedRT(v); }),
     S::ReadString(L"RTReference", [](CComponentIO& c, const CString& v) { c.RTReference(v); }),
 };

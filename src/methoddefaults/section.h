@@ -43,13 +43,13 @@ struct WriteEntry {
 template <typename Record>
 struct ReadEntry {
   enum class Kind {
-    Int,             // ReadInt into an int setter
-    Double,          // ReadDouble into a double setter
-    String,          // ReadStr into a string setter
-    DoubleAsInt,     // ReadDouble, truncated toward zero into an int setter
-    CheckedString,   // ReadStr into a setter that may refuse the text
-    CheckedInt,      // ReadInt into a setter that may refuse the number
-    Action,          // no value is read: a fixed change of the record
+    Int,            // ReadInt into an int setter
+    Double,         // ReadDouble into a double setter
+    String,         // ReadStr into a string setter
+    DoubleAsInt,    // ReadDouble, truncated toward zero into an int setter
+    CheckedString,  // ReadStr into a setter that may refuse the text
+    CheckedInt,     // ReadInt into a setter that may refuse the number
+    Action,         // no value is read: a fixed change of the record
   };
   const wchar_t* name;  // null for Action
   Kind kind;

@@ -55,8 +55,8 @@ TEST(FilterEmpty, EmptyAndBlankTextParseToTheEmptyFilter) {
 // ---- Rendering ----
 
 TEST(FilterText, RendersEveryPartInGrammarOrder) {
-  CFilter f = MakeFilter(CFilter::PolarityPositive, CFilter::ScanModeCentroid, CFilter::ScanTypeFull,
-                         {{50, 500}});
+  CFilter f = MakeFilter(CFilter::PolarityPositive, CFilter::ScanModeCentroid,
+                         CFilter::ScanTypeFull, {{50, 500}});
   EXPECT_EQ(f.GetFilterString(-1, -1, 2), L"+ c Full ms [50.00-500.00]");
   f = MakeFilter(CFilter::PolarityNegative, CFilter::ScanModeProfile, CFilter::ScanTypeSRM,
                  {{100.5, 100.5}, {200, 210.25}});
@@ -115,7 +115,8 @@ TEST(FilterText, IgnoresTheProcessLocale) {
 TEST(FilterRoundTrip, WhatTheMethodWritesReadsBackEqual) {
   const std::vector<CFilter> filters = {
       CFilter(),
-      MakeFilter(CFilter::PolarityPositive, CFilter::ScanModeCentroid, CFilter::ScanTypeFull, {{50, 500}}),
+      MakeFilter(CFilter::PolarityPositive, CFilter::ScanModeCentroid, CFilter::ScanTypeFull,
+                 {{50, 500}}),
       MakeFilter(CFilter::PolarityNegative, CFilter::ScanModeProfile, CFilter::ScanTypeSIM,
                  {{123.45, 123.45}, {0, 0.01}, {999999.99, 1000000}}),
       MakeFilter(CFilter::PolarityAny, CFilter::ScanModeCentroid, CFilter::ScanTypeSRM, {}),
@@ -156,8 +157,8 @@ TEST(FilterParse, AcceptsLooseSpacingAndSingleMasses) {
 
 struct BadText {
   const wchar_t* text;
-  int position;              // where the error is reported
-  const wchar_t* mentions;   // a word the message must contain
+  int position;             // where the error is reported
+  const wchar_t* mentions;  // a word the message must contain
 };
 
 TEST(FilterParse, RejectsBadTextSayingWhatAndWhere) {
@@ -235,7 +236,8 @@ TEST(FilterLimits, TextLongerThanTheLimitIsRefusedBeforeParsing) {
 }
 
 TEST(FilterLimits, MassRangeOutsideTheListIsEmpty) {
-  CFilter f = MakeFilter(CFilter::PolarityAny, CFilter::ScanModeAny, CFilter::ScanTypeAny, {{3, 4}});
+  CFilter f =
+      MakeFilter(CFilter::PolarityAny, CFilter::ScanModeAny, CFilter::ScanTypeAny, {{3, 4}});
   EXPECT_EQ(f.GetMassRange(0), (CFilterMassRange{3, 4}));
   EXPECT_EQ(f.GetMassRange(1), CFilterMassRange());
   EXPECT_EQ(f.GetMassRange(-1), CFilterMassRange());
@@ -245,11 +247,13 @@ TEST(FilterLimits, MassRangeOutsideTheListIsEmpty) {
 // filter that renders to text the parser accepts again, or a rejection that names a
 // position inside the text and leaves the empty filter.
 TEST(FilterFuzz, ArbitraryTextNeverCrashesAndResultsAreConsistent) {
-  const std::wstring seeds[] = {L"+ c Full ms [50.00-500.00]", L"- p SRM ms2 [1,2-3.5]",
-                                L"Z ms", L"[0.01-0.02,3]"};
+  const std::wstring seeds[] = {L"+ c Full ms [50.00-500.00]", L"- p SRM ms2 [1,2-3.5]", L"Z ms",
+                                L"[0.01-0.02,3]"};
   const std::wstring alphabet = L"+-cpFulmsSIMRZ2[],.-0123456789 \te\u00e9\x01";
   std::mt19937 random(7);
-  auto pick = [&](std::size_t n) { return std::uniform_int_distribution<std::size_t>(0, n - 1)(random); };
+  auto pick = [&](std::size_t n) {
+    return std::uniform_int_distribution<std::size_t>(0, n - 1)(random);
+  };
   int accepted = 0;
   for (int round = 0; round < 20000; ++round) {
     std::wstring text = seeds[pick(std::size(seeds))];
@@ -257,9 +261,15 @@ TEST(FilterFuzz, ArbitraryTextNeverCrashesAndResultsAreConsistent) {
     for (std::size_t e = 0; e < edits; ++e) {
       const wchar_t c = alphabet[pick(alphabet.size())];
       switch (pick(3)) {
-        case 0: text.insert(text.begin() + static_cast<long>(pick(text.size() + 1)), c); break;
-        case 1: if (!text.empty()) text.erase(pick(text.size()), 1); break;
-        default: if (!text.empty()) text[pick(text.size())] = c; break;
+        case 0:
+          text.insert(text.begin() + static_cast<long>(pick(text.size() + 1)), c);
+          break;
+        case 1:
+          if (!text.empty()) text.erase(pick(text.size()), 1);
+          break;
+        default:
+          if (!text.empty()) text[pick(text.size())] = c;
+          break;
       }
     }
     Parsed p = Parse(text.c_str());

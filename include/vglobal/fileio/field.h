@@ -10,23 +10,33 @@
 
 #include "vglobal/compat/cstring.h"
 
-#define VG_FIELD(Type, Name, Default)              \
- public:                                           \
-  Type Name() const { return m_##Name; }           \
-  void Name(Type value) { m_##Name = value; }      \
-                                                   \
- private:                                          \
-  Type m_##Name = Default;                         \
-                                                   \
+#define VG_FIELD(Type, Name, Default) \
+ public:                              \
+  Type Name() const {                 \
+    return m_##Name;                  \
+  }                                   \
+  void Name(Type value) {             \
+    m_##Name = value;                 \
+  }                                   \
+                                      \
+ private:                             \
+  Type m_##Name = Default;            \
+                                      \
  public:
 
-#define VG_STRING_FIELD(Name, Default)                                   \
- public:                                                                 \
-  CString Name() const { return m_##Name; }                              \
-  void Name(const wchar_t* value) { m_##Name = value ? value : L""; }   \
-  void Name(const CString& value) { m_##Name = value; }                  \
-                                                                         \
- private:                                                                \
-  CString m_##Name = Default;                                            \
-                                                                         \
+#define VG_STRING_FIELD(Name, Default) \
+ public:                               \
+  CString Name() const {               \
+    return m_##Name;                   \
+  }                                    \
+  void Name(const wchar_t* value) {    \
+    m_##Name = value ? value : L"";    \
+  }                                    \
+  void Name(const CString& value) {    \
+    m_##Name = value;                  \
+  }                                    \
+                                       \
+ private:                              \
+  CString m_##Name = Default;          \
+                                       \
  public:

@@ -60,7 +60,13 @@ class VGLOBAL_EXPORT CFilter {
  public:
   enum Polarity : int { PolarityAny = 0, PolarityPositive = 1, PolarityNegative = 2 };
   enum ScanMode : int { ScanModeAny = 0, ScanModeCentroid = 1, ScanModeProfile = 2 };
-  enum ScanType : int { ScanTypeAny = 0, ScanTypeFull = 1, ScanTypeSIM = 2, ScanTypeSRM = 3, ScanTypeZoom = 4 };
+  enum ScanType : int {
+    ScanTypeAny = 0,
+    ScanTypeFull = 1,
+    ScanTypeSIM = 2,
+    ScanTypeSRM = 3,
+    ScanTypeZoom = 4
+  };
 
   static constexpr std::size_t kMaxMassRanges = 1000;
   static constexpr int kMaxFilterTextLength = 65536;
@@ -112,7 +118,9 @@ class VGLOBAL_EXPORT CVC_FilterStruct {
   // filter. On failure ToCFilter() gives the empty filter and GetError() says what is
   // wrong and at which character (0-based) of the text.
   int ParseFilterStructString(const wchar_t* text, int options = -1);
-  int ParseFilterStructString(const CString& text, int options = -1) { return ParseFilterStructString(text.GetString(), options); }
+  int ParseFilterStructString(const CString& text, int options = -1) {
+    return ParseFilterStructString(text.GetString(), options);
+  }
 
   const CFilter& ToCFilter() const { return m_filter; }
   CString GetError() const { return m_error; }

@@ -15,7 +15,8 @@ namespace vglobal::record_defaults {
 inline constexpr const wchar_t* kComponentName = L"";
 inline constexpr VirtualDeviceType kDetectorType = VIRTUAL_DEVICE_MS;
 inline constexpr double kDetectorDelay = 0.0;
-inline constexpr int kTrace1Type = 1;  // the mass-spectrometer trace (see the Identification writer)
+inline constexpr int kTrace1Type =
+    1;  // the mass-spectrometer trace (see the Identification writer)
 inline constexpr int kTrace2Type = 0;
 inline constexpr int kTraceOperator = 0;  // none
 inline constexpr const wchar_t* kKeys = L"";
@@ -249,7 +250,7 @@ inline constexpr int kIndConstraintCondition = 0;
 inline constexpr int kIndConstraintValue = 0;
 inline constexpr int kIonConstraintType = 0;
 inline constexpr int kIonConstraintMZ = 0;
-inline constexpr int kIonConstraintFrom = 0;   // relative abundance, percent
+inline constexpr int kIonConstraintFrom = 0;  // relative abundance, percent
 inline constexpr int kIonConstraintTo = 100;
 
 // ---- Reports, summary reports and programs ----

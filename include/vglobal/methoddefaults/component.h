@@ -33,10 +33,10 @@ namespace vglobal {
 
 // Bits of WriteComponentInfo's mask, one per page of the component editor.
 enum ComponentPageBits : unsigned int {
-  kWriteWholeComponent = 0x001,     // every page below, once each; other bits ignored
+  kWriteWholeComponent = 0x001,  // every page below, once each; other bits ignored
   kWriteIdentification = 0x002,
-  kWriteGCDetection = 0x004,        // Detection, full form
-  kWriteLCDetection = 0x008,        // Detection, short form
+  kWriteGCDetection = 0x004,  // Detection, full form
+  kWriteLCDetection = 0x008,  // Detection, short form
   kWriteDetectionFlags = 0x010,
   kWriteDetectionFlagsAgain = 0x020,  // the same page (both bits set: written twice)
   kWriteCalibration = 0x040,
