@@ -9,13 +9,17 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QMessageBox>
 #include <QPainter>
 #include <QPixmap>
+#include <QPushButton>
+#include <QTimer>
 #include <cstdio>
 #include <functional>
 #include <memory>
 
 #include "vglobal/frame.h"
+#include "vglobal/messages/message.h"
 #include "vglobal/widgets.h"
 
 namespace {
@@ -38,6 +42,36 @@ QPixmap WithTitleBar(QDialog& dialog) {
   return picture;
 }
 
+bool Save(const QPixmap& picture, const QString& file) {
+  if (!picture.save(file)) {
+    std::fprintf(stderr, "render-dialogs: cannot write %s\n", file.toLocal8Bit().constData());
+    return false;
+  }
+  std::printf("%s\n", file.toLocal8Bit().constData());
+  return true;
+}
+
+// A message as DisplayMsg shows it: the box is grabbed while it is open, then closed
+// with its OK button.
+bool RenderMessage(CMessage& message, const QString& file) {
+  bool ok = false;
+  bool seen = false;
+  QTimer::singleShot(0, [&] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (!box) return;
+    seen = true;
+    ok = Save(WithTitleBar(*box), file);
+    if (QAbstractButton* button = box->button(QMessageBox::Ok))
+      button->click();
+    else
+      box->reject();
+  });
+  message.DisplayMsg(nullptr);
+  if (!seen)
+    std::fprintf(stderr, "render-dialogs: no message box for %s\n", file.toLocal8Bit().constData());
+  return ok;
+}
+
 bool Render(CDialog& model, const QString& file) {
   std::unique_ptr<QDialog> dialog = vglobal::RenderDialog(model);
   if (!dialog) {
@@ -45,12 +79,7 @@ bool Render(CDialog& model, const QString& file) {
     return false;
   }
   dialog->ensurePolished();
-  if (!WithTitleBar(*dialog).save(file)) {
-    std::fprintf(stderr, "render-dialogs: cannot write %s\n", file.toLocal8Bit().constData());
-    return false;
-  }
-  std::printf("%s\n", file.toLocal8Bit().constData());
-  return true;
+  return Save(WithTitleBar(*dialog), file);
 }
 
 }  // namespace
@@ -67,6 +96,14 @@ int main(int argc, char** argv) {
   {
     CDlgUnderConstruction notice(L"Global");
     ok &= Render(notice, folder + QStringLiteral("/hard_hat_area.png"));
+  }
+  {
+    // A file-open error as one of the suite's programs shows it: its program name is
+    // the caption, since the message has no title of its own.
+    QApplication::setApplicationDisplayName(QStringLiteral("arvenis-quan-browser"));
+    CMessage notFound(EMSG_ERROR, L"%s\nFile wasn't found\n",
+                      L"/data/quan/2024-03-18/calibration_07.sqd");
+    ok &= RenderMessage(notFound, folder + QStringLiteral("/message_box.png"));
   }
   return ok ? 0 : 1;
 }

@@ -1,13 +1,18 @@
-// The processing-method records, the scan filter and their enumerations.
+// The processing-method records, the scan filter and their enumerations; the data
+// files (raw files, sample lists) with their header, audit trail and data records.
 #pragma once
 
+#include "vglobal/fileio/audit_trail.h"
+#include "vglobal/fileio/base_io.h"
 #include "vglobal/fileio/component.h"
 #include "vglobal/fileio/component_calibration.h"
 #include "vglobal/fileio/component_flags.h"
 #include "vglobal/fileio/component_identification.h"
 #include "vglobal/fileio/constraints.h"
 #include "vglobal/fileio/device_types.h"
+#include "vglobal/fileio/file_header.h"
 #include "vglobal/fileio/filter.h"
+#include "vglobal/fileio/generic_data.h"
 #include "vglobal/fileio/level.h"
 #include "vglobal/fileio/library_search.h"
 #include "vglobal/fileio/mass_list.h"
@@ -16,5 +21,8 @@
 #include "vglobal/fileio/peak_options.h"
 #include "vglobal/fileio/post_processing.h"
 #include "vglobal/fileio/proc_method.h"
+#include "vglobal/fileio/raw_file.h"
 #include "vglobal/fileio/report.h"
+#include "vglobal/fileio/sequence.h"
 #include "vglobal/fileio/spec_enhance.h"
+#include "vglobal/fileio/virtual_device.h"

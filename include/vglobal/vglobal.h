@@ -21,6 +21,7 @@
 #include "vglobal/settings_store.h"
 
 #include "vglobal/fileio.h"
+#include "vglobal/messages.h"
 #include "vglobal/methoddefaults.h"
 
 #include "vglobal/frame.h"

@@ -6,3 +6,18 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/post_processing.cpp)
 target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/component_calibration.cpp)
+# Data files: raw files and sample lists, their header, audit trail and data records.
+target_sources(vglobal_core_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/base_io.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/file_header.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/audit_trail.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/generic_data.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/virtual_device.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/byte_codec.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/container.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/file_access.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/data_file_codec.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/data_file_io.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/csv_import.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/raw_file.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/sequence.cpp)

@@ -1,0 +1,74 @@
+// CAuditData and CAuditTrail: the audit trail a data file carries, one record per
+// audited save: when, who (the name the user typed and the operating-system logon),
+// why (the user's comment) and what changed (a 64-bit mask whose bits each
+// application describes with its own string table).
+//
+// Contract:
+// - Value types; copies are independent. Records keep the order in which they were
+//   added (oldest first).
+// - GetAudit with an index outside the trail returns an empty record (time zero,
+//   empty texts, mask zero).
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "vglobal/compat/cstring.h"
+#include "vglobal/compat/filestatus.h"
+#include "vglobal/compat/types.h"
+#include "vglobal/export.h"
+#include "vglobal/fileio/field.h"
+
+class VGLOBAL_EXPORT CAuditData {
+ public:
+  // Longest texts a record holds (characters); longer texts are cut when stored.
+  static constexpr int kMaxNameLength = 256;
+  static constexpr int kMaxCommentLength = 4096;
+
+  // When the record was made (file time, nanoseconds since 1970-01-01 UTC).
+  VG_FIELD(CTime, Time, CTime())
+  // The user name typed when the record was made.
+  VG_STRING_FIELD(WhoAuditedId, L"")
+  // The operating-system logon name of the user who made the record.
+  VG_STRING_FIELD(WhoAuditedLogon, L"")
+  // The reason for the change, as the user gave it.
+  VG_STRING_FIELD(Comment, L"")
+  // The two halves of the change mask.
+  VG_FIELD(DWORD, ChangeMaskLow, 0)
+  VG_FIELD(DWORD, ChangeMaskHigh, 0)
+
+ public:
+  std::uint64_t ChangeMask() const {
+    return (static_cast<std::uint64_t>(m_ChangeMaskHigh) << 32) | m_ChangeMaskLow;
+  }
+  void ChangeMask(std::uint64_t mask) {
+    m_ChangeMaskLow = static_cast<DWORD>(mask);
+    m_ChangeMaskHigh = static_cast<DWORD>(mask >> 32);
+  }
+
+  friend bool operator==(const CAuditData&, const CAuditData&) = default;
+};
+
+namespace vglobal::fileio {
+class AuditTrailReader;
+}
+
+class VGLOBAL_EXPORT CAuditTrail {
+ public:
+  // Most records a trail holds; AddAudit refuses more.
+  static constexpr int kMaxAudits = 100000;
+
+  int NumAudits() const { return static_cast<int>(m_audits.size()); }
+  // The record at index (0 = oldest); an empty record when index is outside the trail.
+  const CAuditData& GetAudit(int index) const;
+  // Appends a copy of `audit`; a record without a time gets the current time.
+  // Returns the new record's index, or -1 when the trail is full.
+  int AddAudit(const CAuditData& audit);
+  void RemoveAll() { m_audits.clear(); }
+
+  friend bool operator==(const CAuditTrail&, const CAuditTrail&) = default;
+
+ private:
+  friend class vglobal::fileio::AuditTrailReader;
+  std::vector<CAuditData> m_audits;
+};

@@ -1,0 +1,17 @@
+// CAuditTrail: the records of a data file's audited saves.
+#include "vglobal/fileio/audit_trail.h"
+
+#include "file_access.h"
+
+const CAuditData& CAuditTrail::GetAudit(int index) const {
+  static const CAuditData kNone;
+  if (index < 0 || index >= NumAudits()) return kNone;
+  return m_audits[static_cast<std::size_t>(index)];
+}
+
+int CAuditTrail::AddAudit(const CAuditData& audit) {
+  if (NumAudits() >= kMaxAudits) return -1;
+  m_audits.push_back(audit);
+  if (m_audits.back().Time() == CTime()) m_audits.back().Time(vglobal::fileio::CurrentFileTime());
+  return NumAudits() - 1;
+}
