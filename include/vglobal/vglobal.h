@@ -23,5 +23,6 @@
 #include "vglobal/fileio.h"
 #include "vglobal/messages.h"
 #include "vglobal/methoddefaults.h"
+#include "vglobal/util.h"
 
 #include "vglobal/frame.h"
