@@ -16,6 +16,7 @@
 #include "vglobal/fileio/level.h"
 #include "vglobal/fileio/library_search.h"
 #include "vglobal/fileio/mass_list.h"
+#include "vglobal/fileio/number_format.h"
 #include "vglobal/fileio/options.h"
 #include "vglobal/fileio/peak_detection.h"
 #include "vglobal/fileio/peak_options.h"

@@ -21,3 +21,6 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/csv_import.cpp
   ${CMAKE_CURRENT_LIST_DIR}/raw_file.cpp
   ${CMAKE_CURRENT_LIST_DIR}/sequence.cpp)
+# The number formatter of instrument records.
+target_sources(vglobal_core_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/number_format.cpp)
