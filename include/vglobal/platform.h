@@ -45,6 +45,11 @@ class VGLOBAL_EXPORT Platform {
   // nothing could be started. Default: xdg-open, started without a shell.
   virtual bool OpenWithDesktop(const std::wstring& target);
 
+  // Puts `text` (null: empty) into the first pane of the application's main window's
+  // status bar, where passing remarks go that need no answer. Returns false when there
+  // is no status bar to show it in; the headless default has none and shows nothing.
+  virtual bool SetStatusBarText(const wchar_t* text);
+
   // Whether a help viewer can be had on this system (the desktop opener exists).
   // Asked once per process by the help launcher, which remembers a "no".
   virtual bool HelpViewerAvailable();

@@ -50,6 +50,13 @@ TEST(HeadlessPlatform, DialogsAnswerCancel) {
   EXPECT_FALSE(dialog.IsOpen());
 }
 
+TEST(HeadlessPlatform, HasNoStatusBarAndShowsStatusTextNowhere) {
+  HeadlessPlatform headless;
+  ::testing::internal::CaptureStderr();
+  EXPECT_FALSE(headless.SetStatusBarText(L"Not able to open manual.pdf"));
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+}
+
 TEST(PosixPlatform, LogonNameIsTheEffectiveUsersName) {
   const passwd* entry = getpwuid(geteuid());
   ASSERT_NE(entry, nullptr);

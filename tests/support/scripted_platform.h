@@ -1,6 +1,7 @@
 // A platform for tests: message boxes are recorded and answered from a queue,
 // modal dialogs are opened headless and played by a script through DialogDriver,
-// nothing is started on the desktop. Installed while the object lives.
+// nothing is started on the desktop, status-bar texts are recorded. Installed while
+// the object lives.
 #pragma once
 
 #include <deque>
@@ -33,7 +34,8 @@ class ScriptedPlatform : public Platform {
   std::vector<ShownMessage> messages;
   std::deque<int> answers;  // for message boxes; IDOK when empty
   std::deque<Script> scripts;
-  std::vector<std::wstring> opened;  // OpenWithDesktop targets
+  std::vector<std::wstring> opened;       // OpenWithDesktop targets
+  std::vector<std::wstring> statusTexts;  // SetStatusBarText texts
   int modalRuns = 0;
 
   int MessageBox(CWnd* owner, const wchar_t* text, const wchar_t* caption, UINT style) override {
@@ -64,6 +66,11 @@ class ScriptedPlatform : public Platform {
 
   bool OpenWithDesktop(const std::wstring& target) override {
     opened.push_back(target);
+    return true;
+  }
+
+  bool SetStatusBarText(const wchar_t* text) override {
+    statusTexts.push_back(text ? text : L"");
     return true;
   }
 };

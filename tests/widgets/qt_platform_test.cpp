@@ -1,7 +1,9 @@
 // The Qt platform: installed with the QApplication; message boxes as Windows shows
-// them.
+// them; the main window's status bar.
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTimer>
 #include <functional>
 
@@ -80,6 +82,23 @@ TEST(QtPlatform, BoxOwnedByAWindowIsItsChild) {
       &owner, L"Owned", MB_OKCANCEL | MB_ICONEXCLAMATION,
       [&](QMessageBox& box) { parent = box.parentWidget(); }, QMessageBox::Cancel);
   EXPECT_EQ(parent, &window);
+}
+
+TEST(QtPlatform, StatusTextGoesToTheMainWindowsStatusBarWhenItHasOne) {
+  vglobal::Platform& platform = vglobal::GetPlatform();
+  EXPECT_FALSE(platform.SetStatusBarText(L"no window"));
+
+  QMainWindow bare;
+  bare.show();
+  EXPECT_FALSE(platform.SetStatusBarText(L"no status bar"));
+  EXPECT_EQ(bare.findChild<QStatusBar*>(), nullptr);  // none is made for the text
+
+  QMainWindow main;
+  main.statusBar();
+  main.show();
+  bare.hide();
+  EXPECT_TRUE(platform.SetStatusBarText(L"Not able to open /manuals/Quan µL.pdf"));
+  EXPECT_EQ(main.statusBar()->currentMessage(), "Not able to open /manuals/Quan µL.pdf");
 }
 
 }  // namespace

@@ -35,6 +35,10 @@ class VGLOBAL_EXPORT QtPlatform : public Platform {
   // QDesktopServices::openUrl: a target with a URL scheme as a URL, anything else
   // as a local file.
   bool OpenWithDesktop(const std::wstring& target) override;
+  // QStatusBar::showMessage (until replaced) on the status bar of the main window: the
+  // active window when it is a QMainWindow, else the first visible top-level
+  // QMainWindow. False when that window has no status bar; none is made for it.
+  bool SetStatusBarText(const wchar_t* text) override;
 };
 
 // Opens a dialog model (its controls are made and OnInitDialog runs) and renders it

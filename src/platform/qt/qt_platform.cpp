@@ -1,11 +1,13 @@
-// QtPlatform: message boxes, the application's name, the desktop's opener and modal
-// dialogs under Qt; installed by itself when a QApplication starts.
+// QtPlatform: message boxes, the application's name, the desktop's opener, the status
+// bar and modal dialogs under Qt; installed by itself when a QApplication starts.
 #include "vglobal/qt/qt_platform.h"
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QUrl>
 #include <algorithm>
 #include <vector>
@@ -148,6 +150,26 @@ bool QtPlatform::OpenWithDesktop(const std::wstring& target) {
   const QUrl asUrl(text, QUrl::StrictMode);
   const bool hasScheme = asUrl.isValid() && asUrl.scheme().size() > 1;  // "C:" is a drive
   return QDesktopServices::openUrl(hasScheme ? asUrl : QUrl::fromLocalFile(text));
+}
+
+bool QtPlatform::SetStatusBarText(const wchar_t* text) {
+  auto* main = qobject_cast<QMainWindow*>(QApplication::activeWindow());
+  if (!main) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      auto* candidate = qobject_cast<QMainWindow*>(window);
+      if (candidate && candidate->isVisible()) {
+        main = candidate;
+        break;
+      }
+    }
+  }
+  if (!main) return false;
+  // QMainWindow::statusBar() would make one; a window without a status bar shows nothing,
+  // as a frame without one always did.
+  auto* bar = main->findChild<QStatusBar*>(QString(), Qt::FindDirectChildrenOnly);
+  if (!bar) return false;
+  bar->showMessage(qt::FromWide(text));
+  return true;
 }
 
 std::unique_ptr<QDialog> RenderDialog(CDialog& dialog) {
