@@ -20,6 +20,8 @@
 
 #include "vglobal/frame.h"
 #include "vglobal/messages/message.h"
+#include "vglobal/util/string_split.h"
+#include "vglobal/util/text_fit.h"
 #include "vglobal/widgets.h"
 
 namespace {
@@ -82,6 +84,85 @@ bool Render(CDialog& model, const QString& file) {
   return Save(WithTitleBar(*dialog), file);
 }
 
+// Text fitting as a program of the suite shows it, drawn through the Qt drawing
+// context: one long path fitted to several widths, each width marked by a thin box,
+// and a paragraph split into rows of a width, the width marked by two guide lines.
+bool RenderTextFitting(const QString& file) {
+  const QFont font(QStringLiteral("DejaVu Sans"), 10);
+  QFont heading = font;
+  heading.setBold(true);
+  const QFontMetrics metrics(font);
+  const int line = metrics.height();
+  const QColor guide(0x9a, 0xb0, 0xc8), note(0x70, 0x70, 0x70);
+  constexpr int kMargin = 16, kLabelWidth = 56, kLeft = kMargin + kLabelWidth + 8;
+  constexpr int kWidths[] = {600, 440, 320, 220, 150, 90, 40};
+  constexpr int kParagraphWidth = 300;
+
+  QImage image(kLeft + kWidths[0] + kMargin + 4, 20 * line + 8 * kMargin, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  vglobal::QtDC dc(font, &painter);
+  auto text = [&](int x, int y, const CString& s, const QColor& color = Qt::black) {
+    painter.setPen(color);
+    dc.TextOut(x, y, s);
+  };
+  auto title = [&](int y, const QString& s) {
+    painter.setPen(Qt::black);
+    painter.setFont(heading);
+    painter.drawText(QPoint(kMargin, y + QFontMetrics(heading).ascent()), s);
+  };
+
+  int y = kMargin;
+  title(y, QStringLiteral("A path fitted to a width (FitPathToWidth)"));
+  y += line + 10;
+  const CString path(
+      LR"(C:\Arvenis\Data\Quantitation\2024-03-18\Calibration Standards\Level 07\calibration_07.sqd)");
+  for (int width : kWidths) {
+    CString fitted(path);
+    FitPathToWidth(&dc, fitted, width);
+    painter.setPen(guide);
+    painter.drawRect(kLeft - 3, y - 2, width + 5, line + 3);
+    CString label;
+    label.Format(L"%d px", width);
+    painter.setPen(note);
+    painter.setFont(font);
+    painter.drawText(QRect(kMargin, y, kLabelWidth, line), Qt::AlignRight | Qt::AlignVCenter,
+                     QString::fromWCharArray(label.GetString(), label.GetLength()));
+    text(kLeft, y, fitted);
+    y += line + 10;
+  }
+
+  y += kMargin;
+  title(y, QStringLiteral("A paragraph split into rows of a width (VCStringDisplay)"));
+  y += line + 10;
+  CString paragraph(
+      L"Peaks are detected in the chromatogram of each component within its retention "
+      L"time window. A peak whose signal-to-noise ratio is below the threshold is not "
+      L"reported.\r\nWiden the window or lower the threshold when an expected peak is "
+      L"missing, then reprocess the sequence.");
+  CString breaks(L" ");
+  const int top = y;
+  VCStringDisplay counter(paragraph, breaks, &dc, kParagraphWidth, kLeft, y, line, 1, FALSE, FALSE,
+                          0);
+  counter.DisplaySplitt();
+  const int bottom = top + counter.Rows() * line;
+  painter.setPen(guide);
+  painter.drawLine(kLeft - 3, top - 2, kLeft - 3, bottom + 2);
+  painter.drawLine(kLeft + kParagraphWidth + 2, top - 2, kLeft + kParagraphWidth + 2, bottom + 2);
+  CString label;
+  label.Format(L"%d px", kParagraphWidth);
+  painter.setPen(note);
+  painter.setFont(font);
+  painter.drawText(QRect(kMargin, top, kLabelWidth, line), Qt::AlignRight | Qt::AlignVCenter,
+                   QString::fromWCharArray(label.GetString(), label.GetLength()));
+  painter.setPen(Qt::black);
+  VCStringDisplay display(paragraph, breaks, &dc, kParagraphWidth, kLeft, top, line, 1, TRUE, FALSE,
+                          0);
+  display.DisplaySplitt();
+  painter.end();
+  return Save(QPixmap::fromImage(image.copy(0, 0, image.width(), bottom + kMargin + 4)), file);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -105,5 +186,6 @@ int main(int argc, char** argv) {
                       L"/data/quan/2024-03-18/calibration_07.sqd");
     ok &= RenderMessage(notFound, folder + QStringLiteral("/message_box.png"));
   }
+  ok &= RenderTextFitting(folder + QStringLiteral("/text_fitting.png"));
   return ok ? 0 : 1;
 }
