@@ -2,6 +2,7 @@
 //   every field by name, with the completeness of each section.
 // defaults write-sample: a complete, realistic default method and component, written
 //   through the library's writers, for a new user or a test machine.
+// defaults reset: see defaults_reset_command.cpp.
 #include <iostream>
 
 #include "record_json.h"
@@ -200,6 +201,8 @@ void AddDefaultsCommand(CLI::App& app) {
     std::cerr << "arvenis-settings: sample defaults written to "
               << vglobal::SettingsStorePath(HKEY_CURRENT_USER) << '\n';
   });
+
+  AddDefaultsResetCommand(*defaults);
 }
 
 }  // namespace arvenis_settings

@@ -3,6 +3,7 @@
 // Exit codes: 0 success, 1 bad input (message on standard error), 2 store
 // unavailable. Data goes to standard output, messages to standard error.
 #include <iostream>
+#include <new>
 
 #include "tool.h"
 
@@ -15,6 +16,8 @@ int main(int argc, char** argv) {
   arvenis_settings::AddCheckCommand(app);
   arvenis_settings::AddInitCommand(app);
   arvenis_settings::AddDefaultsCommand(app);
+  arvenis_settings::AddExportCommand(app);
+  arvenis_settings::AddImportCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp& e) {
@@ -23,6 +26,10 @@ int main(int argc, char** argv) {
     return e.get_exit_code();  // the command has said why
   } catch (const CLI::ParseError& e) {
     app.exit(e);
+    return arvenis_settings::kBadInput;
+  } catch (const std::bad_alloc&) {
+    // An import file far larger than this machine can hold; nothing was changed.
+    std::cerr << "arvenis-settings: not enough memory for this input\n";
     return arvenis_settings::kBadInput;
   }
   return arvenis_settings::kSuccess;

@@ -48,13 +48,10 @@ void AddQueryCommand(CLI::App& app) {
     const bool machine = o->machine;
     // A user who has saved nothing yet has no store file: that is an empty store, not
     // a fault, and looking must not create it.
-    if (!machine) {
-      const std::string file = vglobal::SettingsStorePath(HKEY_CURRENT_USER);
-      auto probe = vglobal::OpenSqliteSettingsStore(file, vglobal::SettingsFileKind::User, false);
-      if (probe->Status().state == vglobal::SettingsStoreState::Absent) {
-        std::cerr << "arvenis-settings: no settings are stored yet (" << file << ")\n";
-        return;
-      }
+    if (!machine && NoUserStoreYet()) {
+      std::cerr << "arvenis-settings: no settings are stored yet ("
+                << vglobal::SettingsStorePath(HKEY_CURRENT_USER) << ")\n";
+      return;
     }
     auto store = OpenStore(machine, Access::Read);
     const std::wstring path = KeyPath(o->path);

@@ -52,20 +52,13 @@ std::string DisplayPath(bool machine, const std::wstring& path) {
   return text;
 }
 
-std::string TypeName(vglobal::SettingsValueType type) {
-  switch (type) {
-    case vglobal::SettingsValueType::Int:
-      return "REG_DWORD";
-    case vglobal::SettingsValueType::Double:
-      return "REG_DOUBLE";
-    case vglobal::SettingsValueType::String:
-      return "REG_SZ";
-    case vglobal::SettingsValueType::Binary:
-      return "REG_BINARY";
-    case vglobal::SettingsValueType::MultiString:
-      return "REG_MULTI_SZ";
-  }
-  return "REG_NONE";
+bool NoUserStoreYet() {
+  const std::string file = vglobal::SettingsStorePath(HKEY_CURRENT_USER);
+  auto probe = vglobal::OpenSqliteSettingsStore(file, vglobal::SettingsFileKind::User, false);
+  const vglobal::SettingsStoreStatus status = probe->Status();
+  if (status.state == vglobal::SettingsStoreState::Unusable)
+    Fail(kUnavailable, file + ": " + status.reason);
+  return status.state == vglobal::SettingsStoreState::Absent;
 }
 
 std::string ValueText(const vglobal::SettingsValue& value) {

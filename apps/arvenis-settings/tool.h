@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "transfer.h"
 #include "vglobal/settings_store.h"
 
 namespace arvenis_settings {
@@ -37,9 +38,13 @@ std::wstring KeyPath(const std::string& typed);
 // "HKEY_CURRENT_USER\<path>" or "HKEY_LOCAL_MACHINE\<path>", in UTF-8.
 std::string DisplayPath(bool machine, const std::wstring& path);
 
-// The type name and the text of a value as `query` prints them.
-std::string TypeName(vglobal::SettingsValueType type);
+// The text of a value as `query` prints it (beside its TypeName).
 std::string ValueText(const vglobal::SettingsValue& value);
+
+// True when the user has no store file yet: an empty store, which reading commands
+// show as such without creating the file. Ends the command when the file is there
+// but cannot be used.
+bool NoUserStoreYet();
 
 // Each command adds itself to the application.
 void AddQueryCommand(CLI::App& app);
@@ -48,5 +53,9 @@ void AddDeleteCommand(CLI::App& app);
 void AddCheckCommand(CLI::App& app);
 void AddInitCommand(CLI::App& app);
 void AddDefaultsCommand(CLI::App& app);
+void AddExportCommand(CLI::App& app);
+void AddImportCommand(CLI::App& app);
+// `defaults reset`, added to the defaults command.
+void AddDefaultsResetCommand(CLI::App& defaults);
 
 }  // namespace arvenis_settings

@@ -23,6 +23,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -123,6 +124,11 @@ class VGLOBAL_EXPORT SettingsValue {
   Data data_;
 };
 
+// The bytes a value takes in a store (text counted in UTF-8). Every store refuses a
+// value larger than kMaxSettingsValueBytes with TooLarge; tools that check a whole
+// batch before making it use this to refuse the same values.
+VGLOBAL_EXPORT std::size_t SettingsValueSize(const SettingsValue& value);
+
 // What a store can do right now.
 enum class SettingsStoreState {
   Writable,  // reads and writes work
@@ -142,6 +148,30 @@ struct SettingsCheckReport {
   bool present = true;                // false: there is no store file to check
   std::vector<std::string> problems;  // each names what is wrong; empty when sound
   bool ok() const { return problems.empty(); }
+};
+
+// One change of a batch that a store makes as a whole (SettingsStore::Apply). Paths
+// run from the store's root key; the empty path is the root itself.
+struct SettingsChange {
+  enum class Kind {
+    CreateKey,    // the key at `path`, with any missing key on the way
+    DeleteKey,    // the key at `path` with its branch; a missing key is no error
+    WriteValue,   // `value` as `name` of the key at `path`, creating the key
+    DeleteValue,  // the value `name` of the key at `path`; a missing one is no error
+  };
+  Kind kind = Kind::CreateKey;
+  std::wstring path;
+  std::wstring name;                   // WriteValue and DeleteValue
+  std::optional<SettingsValue> value;  // WriteValue
+};
+
+// The outcome of SettingsStore::Apply.
+struct SettingsApplyResult {
+  SettingsError error = SettingsError::None;
+  // The index of the change that failed; the number of changes when the batch as a
+  // whole could not be begun or committed.
+  std::size_t failed = 0;
+  bool ok() const { return error == SettingsError::None; }
 };
 
 // The abstract store. Paths passed here are relative to the given key; nothing here
@@ -178,6 +208,14 @@ class VGLOBAL_EXPORT SettingsStore {
 
   // Reads the whole store and reports what is wrong with it. Never modifies it.
   virtual SettingsCheckReport Check() = 0;
+
+  // Makes the changes in order as one transaction: either every change is stored, or
+  // on the first failure none is and the store is as it was before the call. Other
+  // users of the store see the batch whole or not at all. Key ids taken before stay
+  // valid unless the batch deleted their key. This default refuses every batch
+  // (Failed) and changes nothing: a store that cannot undo part of a batch must not
+  // pretend to make one.
+  virtual SettingsApplyResult Apply(const std::vector<SettingsChange>& changes);
 };
 
 // ---- Store selection -------------------------------------------------------

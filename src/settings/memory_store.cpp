@@ -151,6 +151,44 @@ SettingsResult<std::vector<std::wstring>> MemoryStore::SubkeyNames(SettingsKeyId
   return names;
 }
 
+SettingsError MemoryStore::ApplyOne(const SettingsChange& change) {
+  const auto missingIsDone = [](SettingsError e) {
+    return e == SettingsError::NotFound ? SettingsError::None : e;
+  };
+  switch (change.kind) {
+    case SettingsChange::Kind::CreateKey:
+      return CreateKey(kSettingsRootKey, change.path).error();
+    case SettingsChange::Kind::DeleteKey: {
+      const auto key = FindKey(kSettingsRootKey, change.path);
+      return key ? DeleteKey(*key) : missingIsDone(key.error());
+    }
+    case SettingsChange::Kind::WriteValue: {
+      if (!change.value) return SettingsError::Failed;
+      const auto key = CreateKey(kSettingsRootKey, change.path);
+      return key ? WriteValue(*key, change.name, *change.value) : key.error();
+    }
+    case SettingsChange::Kind::DeleteValue: {
+      const auto key = FindKey(kSettingsRootKey, change.path);
+      return missingIsDone(key ? DeleteValue(*key, change.name) : key.error());
+    }
+  }
+  return SettingsError::Failed;
+}
+
+SettingsApplyResult MemoryStore::Apply(const std::vector<SettingsChange>& changes) {
+  // The lock is held for the whole batch, so no other thread sees part of it; a
+  // failure puts the saved tree back. Ids handed out meanwhile stay used.
+  std::lock_guard lock(mutex_);
+  const std::unordered_map<SettingsKeyId, Key> saved = keys_;
+  for (std::size_t i = 0; i < changes.size(); ++i) {
+    if (const SettingsError e = ApplyOne(changes[i]); e != SettingsError::None) {
+      keys_ = saved;
+      return {e, i};
+    }
+  }
+  return {};
+}
+
 SettingsCheckReport MemoryStore::Check() {
   // The memory store has no file that could be damaged; its invariants are kept by
   // construction.

@@ -29,6 +29,7 @@ class MemoryStore final : public SettingsStore {
   SettingsResult<std::vector<std::wstring>> SubkeyNames(SettingsKeyId key) override;
   SettingsError Sync() override { return SettingsError::None; }
   SettingsCheckReport Check() override;
+  SettingsApplyResult Apply(const std::vector<SettingsChange>& changes) override;
 
  private:
   struct Value {
@@ -47,8 +48,10 @@ class MemoryStore final : public SettingsStore {
   Value* FindValue(Key& key, std::wstring_view name);
   SettingsResult<SettingsKeyId> Walk(SettingsKeyId parent, std::wstring_view path, bool create);
   void EraseBranch(SettingsKeyId id);
+  SettingsError ApplyOne(const SettingsChange& change);
 
-  std::mutex mutex_;
+  // Recursive: a batch holds the lock while it runs the public operations.
+  std::recursive_mutex mutex_;
   std::unordered_map<SettingsKeyId, Key> keys_;
   SettingsKeyId nextId_ = kSettingsRootKey + 1;
 };

@@ -50,6 +50,10 @@ std::size_t EncodedSize(const SettingsValue& value) {
 
 }  // namespace settings
 
+std::size_t SettingsValueSize(const SettingsValue& value) {
+  return settings::EncodedSize(value);
+}
+
 std::wstring ResolveSettingsPath(std::wstring_view path) {
   // Callers name their keys relative to the suite's base location; the few that read
   // another product's key (installed version information) spell it from "Software".

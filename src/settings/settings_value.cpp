@@ -40,4 +40,8 @@ bool SettingsValue::SameAs(const SettingsValue& other) const {
 
 SettingsStore::~SettingsStore() = default;
 
+SettingsApplyResult SettingsStore::Apply(const std::vector<SettingsChange>& changes) {
+  return {SettingsError::Failed, changes.size()};
+}
+
 }  // namespace vglobal

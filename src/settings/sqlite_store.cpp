@@ -7,8 +7,9 @@
 //   4. Cache       key paths and key values, dropped when another process commits
 //   5. Keys        find, create, delete
 //   6. Values      read, write, delete, list
-//   7. Durability  Sync
-//   8. Check       the integrity report
+//   7. Batches     Apply: many changes in one transaction
+//   8. Durability  Sync
+//   9. Check       the integrity report
 #include "settings/sqlite_store.h"
 
 #include <array>
@@ -357,6 +358,8 @@ SettingsError SqliteStore::StepDone(Query& query) {
 }
 
 SettingsError SqliteStore::TransactLocked(const std::function<SettingsError()>& body) {
+  // Inside a batch the batch's transaction is the one: Apply commits or rolls back.
+  if (batch_) return body();
   // BEGIN IMMEDIATE takes the write lock before anything is read, so two writers queue
   // on the busy handler instead of deadlocking on a read-to-write upgrade.
   {
@@ -633,6 +636,11 @@ SettingsError SqliteStore::WriteValue(SettingsKeyId key, std::wstring_view name,
   if (EncodedSize(value) > kMaxSettingsValueBytes) return SettingsError::TooLarge;
   std::lock_guard lock(mutex_);
   if (SettingsError e = WritableLocked(); e != SettingsError::None) return e;
+  return WriteValueLocked(key, name, value);
+}
+
+SettingsError SqliteStore::WriteValueLocked(SettingsKeyId key, std::wstring_view name,
+                                            const SettingsValue& value) {
   std::wstring folded = FoldCase(name);
   const SettingsError e = TransactLocked([&] {
     Query q(st_.upsertValue);
@@ -659,6 +667,10 @@ SettingsError SqliteStore::DeleteValue(SettingsKeyId key, std::wstring_view name
   if (CheckValueName(name) != SettingsError::None) return SettingsError::BadName;
   std::lock_guard lock(mutex_);
   if (SettingsError e = WritableLocked(); e != SettingsError::None) return e;
+  return DeleteValueLocked(key, name);
+}
+
+SettingsError SqliteStore::DeleteValueLocked(SettingsKeyId key, std::wstring_view name) {
   const std::wstring folded = FoldCase(name);
   const SettingsError e = TransactLocked([&] {
     Query q(st_.deleteValue);
@@ -687,7 +699,63 @@ SettingsResult<std::vector<std::wstring>> SqliteStore::ValueNames(SettingsKeyId 
   return names;
 }
 
-// ---- 7. Durability --------------------------------------------------------
+// ---- 7. Batches -----------------------------------------------------------
+
+SettingsError SqliteStore::ApplyLocked(const SettingsChange& change) {
+  const auto missingIsDone = [](SettingsError e) {
+    return e == SettingsError::NotFound ? SettingsError::None : e;
+  };
+  switch (change.kind) {
+    case SettingsChange::Kind::CreateKey:
+      return LookupLocked(kSettingsRootKey, change.path, true).error();
+    case SettingsChange::Kind::DeleteKey: {
+      if (change.path.empty()) return SettingsError::BadName;  // the root stays
+      const auto key = LookupLocked(kSettingsRootKey, change.path, false);
+      if (!key) return missingIsDone(key.error());
+      const SettingsError e = DeleteBranchesLocked(*key, true);
+      DropCacheLocked();  // paths recorded for the branch are gone
+      return e;
+    }
+    case SettingsChange::Kind::WriteValue: {
+      if (!change.value) return SettingsError::Failed;
+      if (CheckValueName(change.name) != SettingsError::None) return SettingsError::BadName;
+      if (EncodedSize(*change.value) > kMaxSettingsValueBytes) return SettingsError::TooLarge;
+      const auto key = LookupLocked(kSettingsRootKey, change.path, true);
+      return key ? WriteValueLocked(*key, change.name, *change.value) : key.error();
+    }
+    case SettingsChange::Kind::DeleteValue: {
+      if (CheckValueName(change.name) != SettingsError::None) return SettingsError::BadName;
+      const auto key = LookupLocked(kSettingsRootKey, change.path, false);
+      return missingIsDone(key ? DeleteValueLocked(*key, change.name) : key.error());
+    }
+  }
+  return SettingsError::Failed;
+}
+
+SettingsApplyResult SqliteStore::Apply(const std::vector<SettingsChange>& changes) {
+  std::lock_guard lock(mutex_);
+  if (!EnsureOpenLocked()) return {SettingsError::Unavailable, changes.size()};
+  if (SettingsError e = WritableLocked(); e != SettingsError::None) return {e, changes.size()};
+  RefreshCacheLocked();
+  SettingsApplyResult result{SettingsError::None, changes.size()};
+  const SettingsError e = TransactLocked([&] {
+    batch_ = true;
+    for (std::size_t i = 0; i < changes.size() && result.ok(); ++i) {
+      result.error = ApplyLocked(changes[i]);
+      if (!result.ok()) result.failed = i;
+    }
+    batch_ = false;
+    return result.error;
+  });
+  // The cache followed the batch's writes, which a rollback has undone; after a commit
+  // it is simply reloaded.
+  DropCacheLocked();
+  if (result.ok()) result.error = e;
+  if (result.ok()) result.failed = 0;
+  return result;
+}
+
+// ---- 8. Durability --------------------------------------------------------
 
 SettingsError SqliteStore::Sync() {
   // Commits go to the write-ahead log without a sync, which already survives a crash
@@ -705,7 +773,7 @@ SettingsError SqliteStore::Sync() {
                                                                     : SettingsError::Failed;
 }
 
-// ---- 8. Check -------------------------------------------------------------
+// ---- 9. Check -------------------------------------------------------------
 
 SettingsCheckReport SqliteStore::Check() {
   std::lock_guard lock(mutex_);

@@ -8,7 +8,8 @@
 //   looks for the file again at each key lookup. A file that is not one of our stores,
 //   or is damaged, is never written: the store becomes Unusable for the rest of the
 //   process, and Check() names the reason.
-// - Each write is its own transaction, committed before the call returns.
+// - Each write is its own transaction, committed before the call returns; Apply
+//   makes a whole batch of changes in one.
 // - A store object must not be used in a child made by fork() after the parent opened
 //   it (an SQLite rule); the child opens its own.
 #pragma once
@@ -51,6 +52,7 @@ class SqliteStore final : public SettingsStore {
   SettingsResult<std::vector<std::wstring>> SubkeyNames(SettingsKeyId key) override;
   SettingsError Sync() override;
   SettingsCheckReport Check() override;
+  SettingsApplyResult Apply(const std::vector<SettingsChange>& changes) override;
 
  private:
   // Hash of wide strings that also finds entries by std::wstring_view, so that cache
@@ -101,6 +103,12 @@ class SqliteStore final : public SettingsStore {
                                              bool create);
   SettingsError DeleteBranchesLocked(SettingsKeyId key, bool includingKey);
 
+  // Values
+  SettingsError WriteValueLocked(SettingsKeyId key, std::wstring_view name,
+                                 const SettingsValue& value);
+  SettingsError DeleteValueLocked(SettingsKeyId key, std::wstring_view name);
+  SettingsError ApplyLocked(const SettingsChange& change);
+
   // Writes
   static int OnBusy(void* self, int attempt);
   SettingsError TransactLocked(const std::function<SettingsError()>& body);
@@ -112,6 +120,7 @@ class SqliteStore final : public SettingsStore {
   const bool createIfMissing_;
   SettingsStoreStatus status_;
   sqlite3* db_ = nullptr;
+  bool batch_ = false;  // Apply's transaction is open: every write joins it
 
   struct Statements {
     Statement begin, commit, rollback, dataVersion;

@@ -28,7 +28,8 @@ std::string ReadAll(int fd) {
 
 class Tool : public ::testing::Test {
  protected:
-  ToolRun Settings(std::vector<std::string> args) {
+  // Runs the tool with `input` on its standard input.
+  ToolRun Settings(std::vector<std::string> args, const std::string& input = {}) {
     args.insert(args.begin(), ARVENIS_SETTINGS_TOOL);
     std::vector<char*> argv;
     for (std::string& a : args) argv.push_back(a.data());
@@ -41,19 +42,27 @@ class Tool : public ::testing::Test {
     for (std::string& e : env) envp.push_back(e.data());
     envp.push_back(nullptr);
 
-    int out[2], err[2];
-    if (pipe(out) != 0 || pipe(err) != 0) return {};
+    int in[2], out[2], err[2];
+    if (pipe(in) != 0 || pipe(out) != 0 || pipe(err) != 0) return {};
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, in[0], 0);
     posix_spawn_file_actions_adddup2(&actions, out[1], 1);
     posix_spawn_file_actions_adddup2(&actions, err[1], 2);
+    posix_spawn_file_actions_addclose(&actions, in[1]);
     posix_spawn_file_actions_addclose(&actions, out[0]);
     posix_spawn_file_actions_addclose(&actions, err[0]);
     pid_t pid = -1;
     const int spawned = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), envp.data());
     posix_spawn_file_actions_destroy(&actions);
+    close(in[0]);
     close(out[1]);
     close(err[1]);
+    // The input is a line or two, far below a pipe's capacity.
+    if (!input.empty()) {
+      EXPECT_EQ(write(in[1], input.data(), input.size()), static_cast<ssize_t>(input.size()));
+    }
+    close(in[1]);
     ToolRun run;
     run.out = ReadAll(out[0]);  // the tool's output is far below a pipe's capacity
     run.err = ReadAll(err[0]);
@@ -196,8 +205,119 @@ TEST_F(Tool, CheckNamesADamagedStoreAndLeavesIt) {
   EXPECT_EQ(FileBytes(dir_ / "user.db"), noise);
 }
 
+TEST_F(Tool, ImportsAWindowsExportAndExportsWhatCameIn) {
+  const ToolRun import = Settings({"import", VGLOBAL_TEST_DATA_DIR "/windows_export.reg"});
+  ASSERT_EQ(import.exit, 0) << import.err;
+  EXPECT_NE(import.err.find("12 values imported"), std::string::npos) << import.err;
+  const ToolRun query = Settings({"query", "Tools"});
+  EXPECT_NE(query.out.find("    (Default)    REG_SZ    Tools menu\n"
+                           "    Count    REG_DWORD    0x2 (2)\n"
+                           "    Offset    REG_DWORD    0xffffffff (-1)\n"),
+            std::string::npos)
+      << query.out;
+
+  // Out again, into another user's store, and back out: the same text.
+  ASSERT_EQ(Settings({"export", "-o", dir_ / "out.reg"}).exit, 0);
+  const ToolRun json = Settings({"export", "--json", "Tools"});
+  ASSERT_EQ(json.exit, 0);
+  EXPECT_EQ(json.out.rfind("{\n  \"format\": \"arvenis-settings\"", 0), 0u) << json.out;
+  const ToolRun utf8 = Settings({"export", "--utf8"});
+  EXPECT_EQ(utf8.out.rfind("Windows Registry Editor Version 5.00\n\n[HKEY_CURRENT_USER\\", 0), 0u);
+  std::filesystem::rename(dir_ / "user.db", dir_ / "first.db");
+  ASSERT_EQ(Settings({"import", dir_ / "out.reg"}).exit, 0);
+  EXPECT_EQ(Settings({"export", "--utf8"}).out, utf8.out);
+  EXPECT_EQ(settings_test::FileBytes(dir_ / "out.reg")[0], '\xFF');
+
+  EXPECT_EQ(Settings({"export", "Software\\Other"}).exit, 1);
+  EXPECT_EQ(Settings({"export", "No Such Key"}).exit, 1);
+  EXPECT_EQ(Settings({"export", "--json", "--utf8"}).exit, 1);
+}
+
+TEST_F(Tool, ABadImportFileChangesNothingAndSaysWhere) {
+  settings_test::WriteFileBytes(dir_ / "bad.reg", [] {
+    const std::string text =
+        "Windows Registry Editor Version 5.00\r\n\r\n"
+        "[HKEY_CURRENT_USER\\Software\\Ostrel\\Arvenis\\Tools]\r\n"
+        "\"Count\"=dword:00000007\r\n"
+        "\"Path\"=\"C:\\Program Files\"\r\n";
+    return std::vector<char>(text.begin(), text.end());
+  }());
+  const ToolRun first = Settings({"import", dir_ / "bad.reg"});
+  EXPECT_EQ(first.exit, 1);
+  EXPECT_NE(first.err.find("bad.reg: line 5, column 11: expected \\\\ or \\\""), std::string::npos)
+      << first.err;
+  EXPECT_NE(first.err.find("nothing was imported"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(dir_ / "user.db")) << "no store is made for a bad file";
+
+  ASSERT_EQ(Settings({"set", "Tools", "Count", "--int", "1"}).exit, 0);
+  const std::vector<char> before = FileBytes(dir_ / "user.db");
+  EXPECT_EQ(Settings({"import", dir_ / "bad.reg"}).exit, 1);
+  EXPECT_EQ(Settings({"import", "--json", dir_ / "bad.reg"}).exit, 1);
+  EXPECT_EQ(Settings({"import", dir_ / "missing.reg"}).exit, 1);
+  EXPECT_EQ(FileBytes(dir_ / "user.db"), before);
+  EXPECT_NE(Settings({"query", "Tools"}).out.find("Count    REG_DWORD    0x1 (1)"),
+            std::string::npos);
+
+  // A file for the user's store does not go to the machine store, and the other way.
+  ASSERT_EQ(Settings({"init", "--machine"}).exit, 0);
+  const ToolRun machine =
+      Settings({"import", "--machine", VGLOBAL_TEST_DATA_DIR "/windows_export.reg"});
+  EXPECT_EQ(machine.exit, 1);
+  EXPECT_NE(machine.err.find("line 3, column 2: the key is in HKEY_CURRENT_USER"),
+            std::string::npos)
+      << machine.err;
+}
+
+TEST_F(Tool, ImportFromStandardInputAndIntoAMissingMachineStore) {
+  const std::string file =
+      "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\Software\\Ostrel\\Arvenis\\Installation]\n"
+      "\"DataPath\"=\"/srv/arvenis\"\n";
+  const ToolRun missing = Settings({"import", "--machine", "-"}, file);
+  EXPECT_EQ(missing.exit, 2);
+  EXPECT_NE(missing.err.find("init --machine"), std::string::npos) << missing.err;
+  ASSERT_EQ(Settings({"init", "--machine"}).exit, 0);
+  ASSERT_EQ(Settings({"import", "--machine", "-"}, file).exit, 0);
+  EXPECT_NE(Settings({"query", "--machine", "Installation"})
+                .out.find("DataPath    REG_SZ    /srv/arvenis"),
+            std::string::npos);
+}
+
+TEST_F(Tool, DefaultsResetAsksFirstAndKnowsItsSections) {
+  EXPECT_EQ(Settings({"defaults", "reset", "--yes"}).exit, 0) << "nothing stored: nothing to do";
+  EXPECT_FALSE(std::filesystem::exists(dir_ / "user.db"));
+  ASSERT_EQ(Settings({"defaults", "write-sample"}).exit, 0);
+  const std::string search = "Processing Setup\\Defaults\\Qual\\Library Search Options";
+  ASSERT_EQ(Settings({"query", search}).exit, 0);
+
+  const ToolRun declined = Settings({"defaults", "reset", "qual\\library search options"}, "n\n");
+  EXPECT_EQ(declined.exit, 1);
+  EXPECT_NE(declined.err.find("[y/N]"), std::string::npos);
+  EXPECT_NE(declined.err.find("nothing was removed"), std::string::npos);
+  EXPECT_EQ(Settings({"defaults", "reset", "Qual\\Library Search Options"}).exit, 1)
+      << "no answer is no";
+  ASSERT_EQ(Settings({"query", search}).exit, 0);
+
+  const ToolRun confirmed = Settings({"defaults", "reset", "qual\\library search options"}, "y\n");
+  EXPECT_EQ(confirmed.exit, 0) << confirmed.err;
+  EXPECT_EQ(Settings({"query", search}).exit, 1);
+  EXPECT_EQ(Settings({"query", "Processing Setup\\Defaults\\Quan\\Levels"}).exit, 0)
+      << "other sections stay";
+  const ToolRun show = Settings({"defaults", "show"});
+  EXPECT_NE(show.out.find("section Qual\\Library Search Options: incomplete"), std::string::npos);
+
+  const ToolRun unknown = Settings({"defaults", "reset", "Qual\\Library"});
+  EXPECT_EQ(unknown.exit, 1);
+  EXPECT_NE(unknown.err.find("the sections are:\n  Qual\\Identification\n"), std::string::npos)
+      << unknown.err;
+  EXPECT_NE(unknown.err.find("  Quan\\Levels\n"), std::string::npos);
+
+  EXPECT_EQ(Settings({"defaults", "reset", "--yes"}).exit, 0);
+  EXPECT_EQ(Settings({"query", "Processing Setup\\Defaults"}).exit, 1);
+  EXPECT_EQ(Settings({"query", "Processing Setup"}).exit, 0);
+}
+
 TEST_F(Tool, EveryCommandHasHelp) {
-  for (const char* command : {"query", "set", "delete", "check", "init"}) {
+  for (const char* command : {"query", "set", "delete", "check", "init", "export", "import"}) {
     const ToolRun run = Settings({command, "--help"});
     EXPECT_EQ(run.exit, 0) << command;
     EXPECT_NE(run.out.find("Usage"), std::string::npos) << command;
