@@ -146,10 +146,11 @@ std::optional<std::string> FindExecutable(std::string_view name) {
   while (start <= folders.size()) {
     std::size_t end = folders.find(':', start);
     if (end == std::string::npos) end = folders.size();
-    std::string folder = folders.substr(start, end - start);
-    if (folder.empty()) folder = ".";
-    std::string candidate = folder + "/" + path;
-    if (IsExecutableFile(candidate)) return candidate;
+    // An empty entry of the search path means the working folder.
+    std::string folder = end > start ? folders.substr(start, end - start) : std::string(1, '.');
+    folder.push_back('/');
+    folder += path;
+    if (IsExecutableFile(folder)) return folder;
     start = end + 1;
   }
   return std::nullopt;
