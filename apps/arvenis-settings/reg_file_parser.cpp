@@ -35,39 +35,6 @@ struct DecodedFile {
   bool windows1252 = false;  // the bytes were not UTF-8: an old file from a workstation
 };
 
-// The offset of the first byte that does not belong to a UTF-8 character, or npos.
-// Encoded surrogates pass, as the settings store writes unpaired ones that way.
-std::size_t FindInvalidUtf8(std::string_view text) {
-  const auto* p = reinterpret_cast<const unsigned char*>(text.data());
-  const std::size_t n = text.size();
-  for (std::size_t i = 0; i < n;) {
-    const unsigned char b = p[i];
-    if (b < 0x80) {
-      ++i;
-      continue;
-    }
-    std::size_t extra;
-    char32_t c, min;
-    if ((b & 0xE0) == 0xC0) {
-      extra = 1, c = b & 0x1F, min = 0x80;
-    } else if ((b & 0xF0) == 0xE0) {
-      extra = 2, c = b & 0x0F, min = 0x800;
-    } else if ((b & 0xF8) == 0xF0) {
-      extra = 3, c = b & 0x07, min = 0x10000;
-    } else {
-      return i;
-    }
-    if (n - i <= extra) return i;
-    for (std::size_t k = 1; k <= extra; ++k) {
-      if ((p[i + k] & 0xC0) != 0x80) return i;
-      c = (c << 6) | (p[i + k] & 0x3F);
-    }
-    if (c < min || c > 0x10FFFF) return i;
-    i += extra + 1;
-  }
-  return std::string_view::npos;
-}
-
 // Windows code page 1252; the five bytes it leaves undefined map to the control
 // characters of the same number, as Windows maps them.
 std::wstring FromWindows1252(std::string_view text) {
@@ -134,7 +101,7 @@ std::optional<DecodedFile> Decode(std::string_view bytes, ImportPlan& plan) {
     return file;
   }
   const std::string_view body = bytes.substr(StartsWith(bytes, "\xEF\xBB\xBF") ? 3 : 0);
-  const std::size_t bad = FindInvalidUtf8(body);
+  const std::size_t bad = vglobal::FindInvalidUtf8(body, true);
   if (bad == std::string_view::npos) return DecodedFile{vglobal::Utf8ToWide(body)};
   if (StartsWith(body, "REGEDIT4")) return DecodedFile{FromWindows1252(body), true};
   plan.Fail(PositionOfByte(body, bad),
@@ -444,7 +411,7 @@ class RegFileParser {
         out = FromWindows1252(raw);
         return true;
       case StringData::Utf8:
-        if (FindInvalidUtf8(raw) != std::string_view::npos) {
+        if (vglobal::FindInvalidUtf8(raw, true) != std::string_view::npos) {
           return FailAt(at, "expected UTF-8 text in the string data");
         }
         out = vglobal::Utf8ToWide(raw);

@@ -56,6 +56,41 @@ std::string WideToUtf8(std::wstring_view text) {
   return out;
 }
 
+namespace {
+
+// The character that starts at p[i], when a well-formed sequence (encoded
+// surrogates included) starts there: its code point in *c and its length in bytes.
+// 0 when the bytes at p[i] are not a character.
+std::size_t DecodeUtf8(const unsigned char* p, std::size_t n, std::size_t i, char32_t* c) {
+  const unsigned char b = p[i];
+  if (b < 0x80) {
+    *c = b;
+    return 1;
+  }
+  std::size_t extra;
+  char32_t value;
+  char32_t min;
+  if ((b & 0xE0) == 0xC0) {
+    extra = 1, value = b & 0x1F, min = 0x80;
+  } else if ((b & 0xF0) == 0xE0) {
+    extra = 2, value = b & 0x0F, min = 0x800;
+  } else if ((b & 0xF8) == 0xF0) {
+    extra = 3, value = b & 0x07, min = 0x10000;
+  } else {
+    return 0;
+  }
+  if (n - i <= extra) return 0;  // the sequence runs past the end of the input
+  for (std::size_t k = 1; k <= extra; ++k) {
+    if ((p[i + k] & 0xC0) != 0x80) return 0;
+    value = (value << 6) | (p[i + k] & 0x3F);
+  }
+  if (value < min || value > 0x10FFFF) return 0;
+  *c = value;
+  return extra + 1;
+}
+
+}  // namespace
+
 std::wstring Utf8ToWide(std::string_view text) {
   std::wstring out;
   out.reserve(text.size());
@@ -63,49 +98,29 @@ std::wstring Utf8ToWide(std::string_view text) {
   const std::size_t n = text.size();
   std::size_t i = 0;
   while (i < n) {
-    unsigned char b = p[i];
-    if (b < 0x80) {
-      out.push_back(static_cast<wchar_t>(b));
-      ++i;
-      continue;
-    }
-    int extra;
     char32_t c;
-    char32_t min;
-    if ((b & 0xE0) == 0xC0) {
-      extra = 1, c = b & 0x1F, min = 0x80;
-    } else if ((b & 0xF0) == 0xE0) {
-      extra = 2, c = b & 0x0F, min = 0x800;
-    } else if ((b & 0xF8) == 0xF0) {
-      extra = 3, c = b & 0x07, min = 0x10000;
+    if (const std::size_t length = DecodeUtf8(p, n, i, &c)) {
+      out.push_back(static_cast<wchar_t>(c));
+      i += length;
     } else {
       out.push_back(static_cast<wchar_t>(kReplacement));
       ++i;
-      continue;
     }
-    if (i + static_cast<std::size_t>(extra) >= n) {
-      // The sequence runs past the end of the input.
-      out.push_back(static_cast<wchar_t>(kReplacement));
-      ++i;
-      continue;
-    }
-    bool ok = true;
-    for (int k = 1; k <= extra; ++k) {
-      if ((p[i + k] & 0xC0) != 0x80) {
-        ok = false;
-        break;
-      }
-      c = (c << 6) | (p[i + k] & 0x3F);
-    }
-    if (!ok || c < min || c > 0x10FFFF) {
-      out.push_back(static_cast<wchar_t>(kReplacement));
-      ++i;
-      continue;
-    }
-    out.push_back(static_cast<wchar_t>(c));
-    i += static_cast<std::size_t>(extra) + 1;
   }
   return out;
+}
+
+std::size_t FindInvalidUtf8(std::string_view text, bool surrogatesAllowed) {
+  const auto* p = reinterpret_cast<const unsigned char*>(text.data());
+  const std::size_t n = text.size();
+  std::size_t i = 0;
+  while (i < n) {
+    char32_t c;
+    const std::size_t length = DecodeUtf8(p, n, i, &c);
+    if (length == 0 || (!surrogatesAllowed && c >= 0xD800 && c <= 0xDFFF)) return i;
+    i += length;
+  }
+  return std::string_view::npos;
 }
 
 std::u16string WideToUtf16(std::wstring_view text) {

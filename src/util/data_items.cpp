@@ -75,10 +75,7 @@ std::wstring EightBitText(const std::uint8_t* bytes, std::size_t size) {
   const std::uint8_t* end = std::find(bytes, bytes + size, std::uint8_t{0});
   const std::string_view raw(reinterpret_cast<const char*>(bytes),
                              static_cast<std::size_t>(end - bytes));
-  std::wstring text = vglobal::Utf8ToWide(raw);
-  // Invalid UTF-8 decodes to replacement characters, which do not encode back to the
-  // same bytes.
-  if (vglobal::WideToUtf8(text) == raw) return text;
+  if (vglobal::FindInvalidUtf8(raw) == std::string_view::npos) return vglobal::Utf8ToWide(raw);
   return std::wstring(bytes, end);
 }
 

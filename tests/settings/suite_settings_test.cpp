@@ -8,20 +8,11 @@
 #include "vglobal/compat/unicode.h"
 #include "vglobal/settings.h"
 
+#include "support/scoped_env.h"
+
 namespace {
 
-class ScopedEnv {
- public:
-  ScopedEnv(const char* name, const char* value) : name_(name) {
-    if (const char* old = std::getenv(name)) old_ = old;
-    value ? setenv(name, value, 1) : unsetenv(name);
-  }
-  ~ScopedEnv() { old_.empty() ? unsetenv(name_) : setenv(name_, old_.c_str(), 1); }
-
- private:
-  const char* name_;
-  std::string old_;
-};
+using vglobal::testing::ScopedEnv;
 
 void Install(const wchar_t* name, const wchar_t* value) {
   CVRegKey(HKEY_LOCAL_MACHINE, L"Installation", 1, 1).WriteStr(name, value);

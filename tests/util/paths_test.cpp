@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+#include "support/scoped_env.h"
+
 namespace {
 
 template <void (*Function)(const CString&, CString&)>
@@ -36,13 +38,7 @@ TEST(PathSplit, FileNameAndPathName) {
 // Points the suite's data folder somewhere for one test and restores it afterwards.
 class PrefixPathTest : public ::testing::Test {
  protected:
-  void UseDataFolder(const char* folder) { setenv("ARVENIS_DATA_PATH", folder, 1); }
-  void SetUp() override {
-    if (const char* old = std::getenv("ARVENIS_DATA_PATH")) old_ = old;
-  }
-  void TearDown() override {
-    old_ ? setenv("ARVENIS_DATA_PATH", old_->c_str(), 1) : unsetenv("ARVENIS_DATA_PATH");
-  }
+  void UseDataFolder(const char* folder) { dataFolder_.Set(folder); }
   void Expect(std::initializer_list<Case> cases) {
     for (auto [path, prefix] : cases) {
       EXPECT_EQ(Apply<PrefixPath>(path), prefix) << CString(path).ToUtf8();
@@ -50,7 +46,7 @@ class PrefixPathTest : public ::testing::Test {
   }
 
  private:
-  std::optional<std::string> old_;
+  vglobal::testing::ScopedEnv dataFolder_{"ARVENIS_DATA_PATH", nullptr};
 };
 
 TEST_F(PrefixPathTest, BackslashPathsAsDocumented) {

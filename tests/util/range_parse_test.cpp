@@ -14,21 +14,11 @@
 #include <string>
 #include <vector>
 
+#include "support/scoped_env.h"
+
 namespace {
 
-// Sets or clears an environment variable for one scope.
-class ScopedEnv {
- public:
-  ScopedEnv(const char* name, const char* value) : name_(name) {
-    if (const char* old = std::getenv(name)) old_ = old;
-    value ? setenv(name, value, 1) : unsetenv(name);
-  }
-  ~ScopedEnv() { old_ ? setenv(name_, old_->c_str(), 1) : unsetenv(name_); }
-
- private:
-  const char* name_;
-  std::optional<std::string> old_;
-};
+using vglobal::testing::ScopedEnv;
 
 using Ranges = std::vector<std::pair<double, double>>;
 

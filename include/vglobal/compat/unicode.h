@@ -21,6 +21,11 @@ VGLOBAL_EXPORT std::wstring Utf8ToWide(std::string_view text);
 VGLOBAL_EXPORT std::u16string WideToUtf16(std::wstring_view text);
 VGLOBAL_EXPORT std::wstring Utf16ToWide(std::u16string_view text);
 
+// The offset of the first byte of `text` that does not begin a well-formed UTF-8
+// character, or npos when all of it is UTF-8. Encoded surrogates (the form in which
+// WideToUtf8 carries unpaired ones) count as well-formed only when allowed.
+VGLOBAL_EXPORT std::size_t FindInvalidUtf8(std::string_view text, bool surrogatesAllowed = false);
+
 // Case folding for names that compare without regard to case (settings key and
 // value names, file paths): each character is mapped to its upper case for all of
 // Unicode, as the settings store of the suite always compared names.
