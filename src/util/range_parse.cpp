@@ -37,27 +37,31 @@ locale_t ClassicNumbers() {
   return classic;
 }
 
-// The leading number of `part`, 0 when it has none. `part` is a copy, so that the
-// conversion finds a terminator.
-double ReadNumber(const std::wstring& part) {
-  return wcstod_l(part.c_str(), nullptr, ClassicNumbers());
+// The leading number of `part`, 0 when it has none. The part is copied into
+// `scratch` first, so that the conversion finds a terminator where the part ends.
+double ReadNumber(std::wstring_view part, std::wstring& scratch) {
+  scratch.assign(part);
+  return wcstod_l(scratch.c_str(), nullptr, ClassicNumbers());
 }
 
-// Splits `text` at `delimiter` into its non-empty pieces: runs of delimiters count as
-// one and delimiters at either end produce no piece. Stops once more than `limit`
-// pieces were found, so that an absurd text costs no more than the limit.
-std::vector<std::wstring> Tokens(std::wstring_view text, wchar_t delimiter, std::size_t limit) {
-  std::vector<std::wstring> pieces;
+// Calls `piece` for each non-empty piece of `text` split at `delimiter`: runs of
+// delimiters count as one and delimiters at either end produce no piece. Stops after
+// `limit` + 1 pieces, so that an absurd text costs no more than the limit. Returns the
+// number of pieces seen.
+template <typename Piece>
+std::size_t ForEachToken(std::wstring_view text, wchar_t delimiter, std::size_t limit,
+                         Piece&& piece) {
+  std::size_t count = 0;
   std::size_t at = 0;
-  while (at < text.size() && pieces.size() <= limit) {
+  while (at < text.size() && count <= limit) {
     const std::size_t first = text.find_first_not_of(delimiter, at);
     if (first == std::wstring_view::npos) break;
     std::size_t end = text.find(delimiter, first);
     if (end == std::wstring_view::npos) end = text.size();
-    pieces.emplace_back(text.substr(first, end - first));
+    piece(count++, text.substr(first, end - first));
     at = end;
   }
-  return pieces;
+  return count;
 }
 
 }  // namespace
@@ -74,7 +78,9 @@ int VDoubleRngParse::Parse(const CString& text) {
   std::erase(compact, L' ');
 
   const auto maximum = static_cast<std::size_t>(m_maximum);
-  const std::vector<std::wstring> items = Tokens(compact, m_separator[0], maximum);
+  std::vector<std::wstring_view> items;
+  ForEachToken(compact, m_separator[0], maximum,
+               [&](std::size_t, std::wstring_view item) { items.push_back(item); });
   if (items.empty() || items.size() > maximum) return 0;
 
   // Each range is stored as soon as it is read, so a malformed item leaves the ranges
@@ -83,12 +89,16 @@ int VDoubleRngParse::Parse(const CString& text) {
     m_lows.resize(items.size());
     m_highs.resize(items.size());
   }
+  std::wstring scratch;
   for (std::size_t i = 0; i < items.size(); ++i) {
     // Two parts are a range; a third means the text is not a range list at all.
-    const std::vector<std::wstring> parts = Tokens(items[i], L'-', 2);
-    if (parts.empty() || parts.size() > 2) return 0;
-    m_lows[i] = ReadNumber(parts.front());
-    m_highs[i] = ReadNumber(parts.back());
+    std::wstring_view parts[2];
+    const std::size_t count = ForEachToken(items[i], L'-', 2, [&](std::size_t k, auto part) {
+      if (k < 2) parts[k] = part;
+    });
+    if (count == 0 || count > 2) return 0;
+    m_lows[i] = ReadNumber(parts[0], scratch);
+    m_highs[i] = ReadNumber(parts[count - 1], scratch);
   }
   return static_cast<int>(items.size());
 }
