@@ -9,15 +9,13 @@
 #include "vglobal/compat/unicode.h"
 
 using vglobal::fileio::FileError;
-using vglobal::fileio::LoadOutcome;
 
 CSequence::CSequence(const wchar_t* path, int alternative, int mode)
     : m_extras(std::make_unique<vglobal::fileio::ContainerExtras>()) {
   m_path = path ? path : L"";
   m_readOnly = alternative == 1 ? TRUE : FALSE;
   if (alternative != 0 && alternative != 1) {
-    m_loadFailed = true;
-    SetError(kBadArgument,
+    FailOpen(kBadArgument,
              vglobal::fileio::AtFile(
                  path, L"alternative " + std::to_wstring(alternative) + L" is not valid (0 or 1)"));
     return;
@@ -29,26 +27,15 @@ CSequence::~CSequence() = default;
 
 void CSequence::Load(const wchar_t* path, int mode) {
   auto contents = std::make_unique<vglobal::fileio::SampleListContents>();
-  FileError error;
-  const LoadOutcome outcome = vglobal::fileio::LoadDataFile(
-      path, mode, L"sample list",
-      [&](vglobal::fileio::Source& source) { return DecodeSampleList(source, *contents); }, error);
-  switch (outcome) {
-    case LoadOutcome::kNew:
-      m_created = TRUE;
-      break;
-    case LoadOutcome::kFailed:
-      m_loadFailed = true;
-      SetError(error.code, error.message);
-      break;
-    case LoadOutcome::kLoaded:
-      m_onDisk = true;
-      m_header = std::move(contents->header);
-      m_audit = std::move(contents->audit);
-      m_rows = std::move(contents->rows);
-      *m_extras = std::move(contents->extras);
-      break;
+  if (!OpenDataFile(path, mode, L"sample list", [&](vglobal::fileio::Source& source) {
+        return DecodeSampleList(source, *contents);
+      })) {
+    return;
   }
+  m_header = std::move(contents->header);
+  m_audit = std::move(contents->audit);
+  m_rows = std::move(contents->rows);
+  *m_extras = std::move(contents->extras);
 }
 
 CSeqRow& CSequence::SeqRow(int index) {
@@ -92,7 +79,7 @@ BOOL CSequence::ImportCsv(const wchar_t* path) {
     return FALSE;
   }
   if (!path || !*path) {
-    SetError(kBadArgument, L"no CSV file name given");
+    FailOpen(kBadArgument, L"no CSV file name given");
     return FALSE;
   }
   std::string text;
@@ -125,20 +112,7 @@ BOOL CSequence::Save() {
                                                     L"reading only"));
     return FALSE;
   }
-  // What could not be read is not overwritten.
-  if (m_loadFailed) {
-    SetError(kAccessDenied, vglobal::fileio::RefusedSave(m_path));
-    return FALSE;
-  }
-  const FileError error = vglobal::fileio::SaveDataFile(
-      m_path, !m_onDisk, m_header, [&](std::vector<std::uint8_t>& bytes) {
-        return vglobal::fileio::EncodeSampleList(m_header, m_audit, m_rows, *m_extras, bytes);
-      });
-  if (error) {
-    SetError(error.code, error.message);
-    return FALSE;
-  }
-  m_onDisk = true;
-  ClearError();
-  return TRUE;
+  return SaveDataFile(m_header, [&](std::vector<std::uint8_t>& bytes) {
+    return vglobal::fileio::EncodeSampleList(m_header, m_audit, m_rows, *m_extras, bytes);
+  });
 }

@@ -107,6 +107,9 @@ TEST_F(Sequence, MissingListsAndBadArguments) {
   EXPECT_EQ(CSequence(path.c_str(), 0, 1).GetErrorCode(), CBaseIO::kNotFound);
   EXPECT_EQ(CSequence(path.c_str(), 2, 0).GetErrorCode(), CBaseIO::kBadArgument);
   EXPECT_EQ(CSequence(path.c_str(), 0, 6).GetErrorCode(), CBaseIO::kBadArgument);
+  // An object that could not be opened never writes a file at its path.
+  CSequence badAlternative(path.c_str(), 2, 0);
+  EXPECT_FALSE(badAlternative.Save());
   EXPECT_TRUE(Listing().empty());
 }
 

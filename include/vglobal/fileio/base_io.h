@@ -7,9 +7,19 @@
 // failed open creates nothing on disk.
 #pragma once
 
+#include <cstdint>
+#include <functional>
+#include <vector>
+
 #include "vglobal/compat/cstring.h"
 #include "vglobal/compat/types.h"
 #include "vglobal/export.h"
+
+class CHeader;
+namespace vglobal::fileio {
+class Source;
+struct FileError;
+}  // namespace vglobal::fileio
 
 class VGLOBAL_EXPORT CBaseIO {
  public:
@@ -40,14 +50,31 @@ class VGLOBAL_EXPORT CBaseIO {
   };
 
  protected:
+  using Decoder = std::function<vglobal::fileio::FileError(vglobal::fileio::Source&)>;
+  using Encoder = std::function<vglobal::fileio::FileError(std::vector<std::uint8_t>&)>;
+
   CBaseIO() = default;
   void SetError(DWORD code, const CString& message);
   void ClearError();
+
+  // Opens the file at `path` with `decode` (`what` names the kind of file in
+  // messages). True when its contents were read; false when the open made a new file
+  // (mode 0, CreatedFile()) or failed (the error is set, and Save refuses to write
+  // over what could not be read).
+  bool OpenDataFile(const wchar_t* path, int mode, const wchar_t* what, const Decoder& decode);
+  // Stamps `header` for this save and replaces the file at m_path atomically with
+  // what `encode` writes. FALSE with the error set when it could not.
+  BOOL SaveDataFile(CHeader& header, const Encoder& encode);
+  // Records an open that could not be made: the error is set, and Save refuses to
+  // write over the file at the path.
+  void FailOpen(DWORD code, const CString& message);
 
   CString m_path;
   BOOL m_created = FALSE;
 
  private:
+  bool m_onDisk = false;  // a file is at the path (opened, or saved since)
+  bool m_loadFailed = false;
   BOOL m_error = FALSE;
   DWORD m_errorCode = 0;
   CString m_errorMessage;

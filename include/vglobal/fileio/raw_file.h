@@ -65,6 +65,4 @@ class VGLOBAL_EXPORT CRawfile : public CBaseIO {
   CVirtualData m_data;
   CVirtualMS m_ms;
   std::unique_ptr<vglobal::fileio::ContainerExtras> m_extras;
-  bool m_onDisk = false;  // a file is at the path (opened, or saved since)
-  bool m_loadFailed = false;
 };

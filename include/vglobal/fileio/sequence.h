@@ -127,6 +127,4 @@ class VGLOBAL_EXPORT CSequence : public CBaseIO {
   mutable CSeqRow m_outside;
   std::unique_ptr<vglobal::fileio::ContainerExtras> m_extras;
   BOOL m_readOnly = FALSE;
-  bool m_onDisk = false;
-  bool m_loadFailed = false;
 };
