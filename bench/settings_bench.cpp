@@ -12,6 +12,8 @@
 #include <map>
 #include <variant>
 
+#include "vglobal/fileio.h"
+#include "vglobal/methoddefaults.h"
 #include "vglobal/settings.h"
 
 namespace {
@@ -222,6 +224,47 @@ void BM_WriteInt_Sqlite(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(key.WriteInt(L"Counter", ++i));
 }
 BENCHMARK(BM_WriteInt_Sqlite)->Unit(benchmark::kMicrosecond);
+
+// A calibrated component as a lab keeps it: eight calibration levels and three QC
+// levels of three replicates each, every switch that gates values on.
+CComponentIO BenchComponent() {
+  CComponentIO c;
+  c.ComponentName(L"Caffeine");
+  c.Keys(L"caffeine;1,3,7-trimethylxanthine");
+  c.AdjustExpectedRT(1);
+  c.RTReference(L"Caffeine-d9");
+  c.IonRatioConfirmation(1);
+  c.CalibrationUnits(L"ng/mL");
+  c.AreaFlagThreshold(1);
+  c.ResolutionChecksEnabled(1);
+  c.SymmetryChecksEnabled(1);
+  c.PeakClassificationChecksEnabled(1);
+  auto level = [](int i, double amount) {
+    CLevel l;
+    l.LevelName((L"Level " + std::to_wstring(i)).c_str());
+    l.BaseAmount(amount);
+    for (int r = 0; r < 3; ++r) {
+      CReplicate rep;
+      rep.Amount(amount);
+      rep.Area(amount * 10000.0 + r);
+      rep.ResultFileName(L"cal.rst");
+      l.AddReplicate(rep);
+    }
+    return l;
+  };
+  for (int i = 0; i < 8; ++i) c.AddCalLevel(level(i, 1.0 + i));
+  for (int i = 0; i < 3; ++i) c.AddQCLevel(level(i, 2.5 + i));
+  return c;
+}
+
+// Saving a whole default component, as the processing-setup editor's "save as
+// default" does, into the bench store.
+void BM_WriteComponent_Sqlite(benchmark::State& state) {
+  UseBenchStore();
+  CComponentIO c = BenchComponent();
+  for (auto _ : state) WriteComponentInfo(&c, vglobal::kWriteWholeComponent);
+}
+BENCHMARK(BM_WriteComponent_Sqlite)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
