@@ -216,6 +216,50 @@ class VGLOBAL_EXPORT SettingsStore {
   // (Failed) and changes nothing: a store that cannot undo part of a batch must not
   // pretend to make one.
   virtual SettingsApplyResult Apply(const std::vector<SettingsChange>& changes);
+
+  // ---- Transactions ----
+  // Everything the store is asked to change between BeginTransaction and the matching
+  // EndTransaction is one transaction: other users of the store, in this process or
+  // another, see all of it or none of it, and a crash in between loses all of it.
+  // Reads inside the transaction see its own changes. Transactions nest: an inner
+  // Begin/End pair joins the outer one and only the outermost End commits. A change
+  // that fails while a transaction is open dooms it: the outermost End then undoes
+  // every change of the transaction and returns the first failure, so a caller that
+  // ignores the results of its writes still never leaves half of them behind.
+  // The transaction belongs to the thread that began it; calls from other threads
+  // wait until it ends. Every Begin that succeeded must be ended, on the same thread.
+  // These defaults refuse (Failed): a store that cannot undo must not pretend to.
+  virtual SettingsError BeginTransaction();
+  // commit false abandons the transaction (the outermost End then undoes it all).
+  virtual SettingsError EndTransaction(bool commit);
+};
+
+// A transaction on a store held by a scope (see SettingsStore::BeginTransaction):
+// commits with Commit(), and is abandoned by the destructor when Commit was not
+// called. CVRegKey reads and writes on the same store join it, which is how the
+// writers of a whole settings section make the section one transaction:
+//   vglobal::SettingsTransaction transaction(HKEY_CURRENT_USER);
+//   ... CVRegKey writes ...
+//   transaction.Commit();
+// When the transaction cannot begin (no usable store), the scope still runs: the
+// writes then fail or stand on their own, as they would without it.
+class VGLOBAL_EXPORT SettingsTransaction {
+ public:
+  explicit SettingsTransaction(HKEY root);
+  explicit SettingsTransaction(std::shared_ptr<SettingsStore> store);
+  ~SettingsTransaction();
+  SettingsTransaction(const SettingsTransaction&) = delete;
+  SettingsTransaction& operator=(const SettingsTransaction&) = delete;
+
+  // True when the transaction began and has not ended yet.
+  bool active() const { return active_; }
+  // Ends the transaction, keeping its changes; the error when they could not be
+  // kept (then none of them is). None when the transaction never began.
+  SettingsError Commit();
+
+ private:
+  std::shared_ptr<SettingsStore> store_;
+  bool active_ = false;
 };
 
 // ---- Store selection -------------------------------------------------------
@@ -240,8 +284,25 @@ VGLOBAL_EXPORT std::shared_ptr<SettingsStore> MakeMemorySettingsStore();
 // need not create.
 enum class SettingsFileKind { User, Machine };
 
-// Opens (and with createIfMissing, creates with its folder) the SQLite store file at
-// `path`. Never fails: a store that cannot be used reports why through Status().
+// How a program opens a store file.
+enum class SettingsOpenMode {
+  // Reads only: the file is never created, written, or checkpointed into, whoever
+  // else has it open; the store reports ReadOnly. For commands that only look.
+  ReadOnly,
+  // Reads, and writes when the user may write the file; a missing file stays missing.
+  ReadWrite,
+  // As ReadWrite, creating the file (and its folder) when it is missing.
+  Create,
+};
+
+// Opens the SQLite store file at `path`. Never fails: a store that cannot be used
+// reports why through Status(). A file that is not a regular file (a FIFO, a device,
+// a folder, or a link to one) is refused at once without being opened, and a file
+// whose header contradicts itself or its size is refused as damaged.
+VGLOBAL_EXPORT std::shared_ptr<SettingsStore> OpenSqliteSettingsStore(const std::string& path,
+                                                                      SettingsFileKind kind,
+                                                                      SettingsOpenMode mode);
+// The same with mode Create (createIfMissing) or ReadWrite.
 VGLOBAL_EXPORT std::shared_ptr<SettingsStore> OpenSqliteSettingsStore(const std::string& path,
                                                                       SettingsFileKind kind,
                                                                       bool createIfMissing);

@@ -44,4 +44,29 @@ SettingsApplyResult SettingsStore::Apply(const std::vector<SettingsChange>& chan
   return {SettingsError::Failed, changes.size()};
 }
 
+SettingsError SettingsStore::BeginTransaction() {
+  return SettingsError::Failed;
+}
+
+SettingsError SettingsStore::EndTransaction(bool /*commit*/) {
+  return SettingsError::Failed;
+}
+
+SettingsTransaction::SettingsTransaction(HKEY root) : SettingsTransaction(GetSettingsStore(root)) {}
+
+SettingsTransaction::SettingsTransaction(std::shared_ptr<SettingsStore> store)
+    : store_(std::move(store)) {
+  active_ = store_ && store_->BeginTransaction() == SettingsError::None;
+}
+
+SettingsTransaction::~SettingsTransaction() {
+  if (active_) store_->EndTransaction(false);
+}
+
+SettingsError SettingsTransaction::Commit() {
+  if (!active_) return SettingsError::None;
+  active_ = false;
+  return store_->EndTransaction(true);
+}
+
 }  // namespace vglobal

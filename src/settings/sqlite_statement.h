@@ -67,6 +67,8 @@ class Query {
 
   // SQLITE_ROW, SQLITE_DONE or an error code.
   int Step() { return sqlite3_step(stmt_); }
+  // Ends the statement early, so that it no longer holds the read transaction open.
+  void Reset() { sqlite3_reset(stmt_); }
 
   int Type(int column) const { return sqlite3_column_type(stmt_, column); }
   std::int64_t Int(int column) const { return sqlite3_column_int64(stmt_, column); }

@@ -4,10 +4,10 @@
 //   1. Schema      the tables, and the check that an opened file really has them
 //   2. Opening     inspection, creation, connection settings, initialisation
 //   3. Errors      SQLite results as SettingsError; damaged files become Unusable
-//   4. Cache       key paths and key values, dropped when another process commits
+//   4. Cache       key paths and key values; what another process changed is dropped
 //   5. Keys        find, create, delete
 //   6. Values      read, write, delete, list
-//   7. Batches     Apply: many changes in one transaction
+//   7. Transactions  many changes in one: Begin/EndTransaction, Apply; generations
 //   8. Durability  Sync
 //   9. Check       the integrity report
 #include "settings/sqlite_store.h"
@@ -27,7 +27,9 @@ namespace vglobal::settings {
 
 namespace {
 
-constexpr int kSchemaVersion = 1;
+// Version 1 had the keys and values only; version 2 added the change generations. A
+// version 1 file is upgraded by the first program that opens it for writing.
+constexpr int kSchemaVersion = 2;
 
 // Names are kept as spelled and folded (vglobal::FoldCase, upper case for all of
 // Unicode); uniqueness is on the folded name, which the library computes itself so
@@ -54,16 +56,31 @@ constexpr std::string_view kCreateValueTable =
     "  data BLOB NOT NULL,\n"
     "  UNIQUE (key, folded)\n"
     ")";
+// The generation of the last commit that changed each key's values, and as key 0 the
+// generation of the last commit that added or removed any key. A commit takes the
+// largest generation so far plus one. Rows go with their keys.
+constexpr std::string_view kCreateChangeTable =
+    "CREATE TABLE settings_change (\n"
+    "  key INTEGER PRIMARY KEY,\n"
+    "  generation INTEGER NOT NULL\n"
+    ")";
+constexpr std::string_view kCreateChangeIndex =
+    "CREATE INDEX settings_change_generation ON settings_change (generation)";
+// The key standing for the shape of the tree in settings_change.
+constexpr SettingsKeyId kTreeChange = 0;
 
 struct SchemaObject {
   std::string_view type, name, sql;  // empty sql: made by SQLite itself
+  int since;                         // the schema version that added it
 };
-constexpr std::array<SchemaObject, 5> kSchema{{
-    {"table", "settings_key", kCreateKeyTable},
-    {"table", "settings_value", kCreateValueTable},
-    {"table", "sqlite_sequence", "CREATE TABLE sqlite_sequence(name,seq)"},
-    {"index", "sqlite_autoindex_settings_key_1", ""},
-    {"index", "sqlite_autoindex_settings_value_1", ""},
+constexpr std::array<SchemaObject, 7> kSchema{{
+    {"table", "settings_key", kCreateKeyTable, 1},
+    {"table", "settings_value", kCreateValueTable, 1},
+    {"table", "sqlite_sequence", "CREATE TABLE sqlite_sequence(name,seq)", 1},
+    {"index", "sqlite_autoindex_settings_key_1", "", 1},
+    {"index", "sqlite_autoindex_settings_value_1", "", 1},
+    {"table", "settings_change", kCreateChangeTable, 2},
+    {"index", "settings_change_generation", kCreateChangeIndex, 2},
 }};
 
 std::string ErrorText(sqlite3* db) {
@@ -89,31 +106,34 @@ std::string SqliteStore::CheckSchemaLocked() {
   if (version > kSchemaVersion) {
     return "written by a newer version of the suite (schema " + std::to_string(version) + ")";
   }
-  if (version != kSchemaVersion) return "unknown schema version " + std::to_string(version);
+  if (version < 1) return "unknown schema version " + std::to_string(version);
 
   Statement list;
   if (list.Prepare(db_, "SELECT type, name, sql FROM sqlite_schema ORDER BY name") != SQLITE_OK) {
     return "cannot be read: " + ErrorText(db_);
   }
   Query q(list);
-  std::size_t seen = 0;
+  std::size_t seen = 0, expected = 0;
+  for (const SchemaObject& o : kSchema) expected += o.since <= version ? 1 : 0;
   for (int rc; (rc = q.Step()) != SQLITE_DONE;) {
     if (rc != SQLITE_ROW) return "cannot be read: " + ErrorText(db_);
     bool known = false;
     for (const SchemaObject& o : kSchema) {
-      known = known || (q.Text(0) == o.type && q.Text(1) == o.name && q.Text(2) == o.sql);
+      known = known || (o.since <= version && q.Text(0) == o.type && q.Text(1) == o.name &&
+                        q.Text(2) == o.sql);
     }
     if (!known) return "unexpected schema object '" + std::string(q.Text(1)) + "'";
     ++seen;
   }
-  if (seen != kSchema.size()) return "incomplete schema";
+  if (seen != expected) return "incomplete schema";
+  generations_ = version >= 2;
   return {};
 }
 
 // ---- 2. Opening -----------------------------------------------------------
 
-SqliteStore::SqliteStore(std::string path, SettingsFileKind kind, bool createIfMissing)
-    : path_(std::move(path)), kind_(kind), createIfMissing_(createIfMissing) {
+SqliteStore::SqliteStore(std::string path, SettingsFileKind kind, SettingsOpenMode mode)
+    : path_(std::move(path)), kind_(kind), mode_(mode) {
   std::lock_guard lock(mutex_);
   OpenLocked();
 }
@@ -123,9 +143,16 @@ SqliteStore::~SqliteStore() {
   CloseLocked();
 }
 
+std::unique_lock<std::mutex> SqliteStore::Acquire() {
+  std::unique_lock lock(mutex_);
+  transactionEnded_.wait(lock, [&] { return depth_ == 0 || owner_ == std::this_thread::get_id(); });
+  FollowDamageLocked();
+  return lock;
+}
+
 void SqliteStore::OpenLocked() {
   FileInspection file = InspectStoreFile(path_);
-  if (file.state == FileState::Missing && createIfMissing_) {
+  if (file.state == FileState::Missing && mode_ == SettingsOpenMode::Create) {
     // The user's store is private to the user; the machine store is written by the
     // administrator and read by everyone.
     const bool user = kind_ == SettingsFileKind::User;
@@ -142,9 +169,13 @@ void SqliteStore::OpenLocked() {
       return;
     case FileState::Unusable:
       status_ = {SettingsStoreState::Unusable, file.reason};
+      // Store objects of this file that were opened before the damage must stop too.
+      if (file.reason.rfind("corrupt", 0) == 0) {
+        if (auto identity = IdentifyFile(path_)) MarkFileDamaged(*identity, file.reason);
+      }
       return;
     case FileState::Empty:
-      if (!createIfMissing_) {
+      if (mode_ != SettingsOpenMode::Create) {
         status_ = {SettingsStoreState::Absent, "the store file is empty (not initialised)"};
         return;
       }
@@ -152,6 +183,15 @@ void SqliteStore::OpenLocked() {
     case FileState::Database:
       break;
   }
+  file_ = IdentifyFile(path_);
+  if (file_) {
+    if (std::optional<std::string> damage = FileDamage(*file_)) {
+      status_ = {SettingsStoreState::Unusable, *damage};
+      file_.reset();
+      return;
+    }
+  }
+  damageEpoch_ = DamageEpoch();
   const std::string error = ConnectLocked(file.state == FileState::Empty);
   if (!error.empty()) {
     CloseLocked();
@@ -183,8 +223,9 @@ int SqliteStore::OnBusy(void* self, int attempt) {
 std::string SqliteStore::ConnectLocked(bool initialise) {
   // READWRITE without CREATE: SQLite never makes the file; it opens read-only by itself
   // when the file may not be written.
-  int rc =
-      sqlite3_open_v2(path_.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int access =
+      mode_ == SettingsOpenMode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+  int rc = sqlite3_open_v2(path_.c_str(), &db_, access | SQLITE_OPEN_NOMUTEX, nullptr);
   if (rc != SQLITE_OK) return "cannot be opened: " + ErrorText(db_);
   sqlite3_extended_result_codes(db_, 1);
   sqlite3_busy_handler(db_, &SqliteStore::OnBusy, this);
@@ -200,10 +241,15 @@ std::string SqliteStore::ConnectLocked(bool initialise) {
   if (sqlite3_exec(db_, setup, nullptr, nullptr, nullptr) != SQLITE_OK) {
     return "cannot be opened: " + ErrorText(db_);
   }
+  const bool readOnly =
+      mode_ == SettingsOpenMode::ReadOnly || sqlite3_db_readonly(db_, "main") == 1;
   if (initialise) {
     if (std::string error = InitialiseLocked(); !error.empty()) return error;
   }
   if (std::string error = CheckSchemaLocked(); !error.empty()) return error;
+  if (!generations_ && !readOnly) {
+    if (std::string error = UpgradeLocked(); !error.empty()) return error;
+  }
 
   const std::pair<Statement*, std::string_view> statements[] = {
       {&st_.begin, "BEGIN IMMEDIATE"},
@@ -231,9 +277,26 @@ std::string SqliteStore::ConnectLocked(bool initialise) {
   for (const auto& [statement, sql] : statements) {
     if (statement->Prepare(db_, sql) != SQLITE_OK) return "cannot be used: " + ErrorText(db_);
   }
-  status_ = sqlite3_db_readonly(db_, "main") == 1
-                ? SettingsStoreStatus{SettingsStoreState::ReadOnly, "no permission to write"}
-                : SettingsStoreStatus{SettingsStoreState::Writable, {}};
+  if (generations_) {
+    const std::pair<Statement*, std::string_view> changes[] = {
+        {&st_.lastGeneration, "SELECT coalesce(max(generation), 0) FROM settings_change"},
+        {&st_.changedSince, "SELECT key FROM settings_change WHERE generation > ?1"},
+        {&st_.recordChange,
+         "INSERT INTO settings_change (key, generation) VALUES (?1, ?2) "
+         "ON CONFLICT (key) DO UPDATE SET generation = excluded.generation"},
+        {&st_.forgetChange, "DELETE FROM settings_change WHERE key = ?1"},
+    };
+    for (const auto& [statement, sql] : changes) {
+      if (statement->Prepare(db_, sql) != SQLITE_OK) return "cannot be used: " + ErrorText(db_);
+    }
+  }
+  if (mode_ == SettingsOpenMode::ReadOnly) {
+    status_ = {SettingsStoreState::ReadOnly, "opened for reading only"};
+  } else if (readOnly) {
+    status_ = {SettingsStoreState::ReadOnly, "no permission to write"};
+  } else {
+    status_ = {SettingsStoreState::Writable, {}};
+  }
   // Asking for the journal mode without giving one changes nothing.
   walIndex_ = false;
   if (Statement mode; mode.Prepare(db_, "PRAGMA journal_mode") == SQLITE_OK) {
@@ -242,6 +305,7 @@ std::string SqliteStore::ConnectLocked(bool initialise) {
   }
   dataVersion_ = -1;
   logHeader_.reset();
+  seenGeneration_ = -1;  // unknown: the first refresh starts the cache afresh
   RefreshCacheLocked();
   return {};
 }
@@ -252,7 +316,8 @@ std::string SqliteStore::InitialiseLocked() {
   const std::string setup =
       "PRAGMA application_id = " + std::to_string(kStoreApplicationId) +
       "; PRAGMA user_version = " + std::to_string(kSchemaVersion) + "; " +
-      std::string(kCreateKeyTable) + "; " + std::string(kCreateValueTable) +
+      std::string(kCreateKeyTable) + "; " + std::string(kCreateValueTable) + "; " +
+      std::string(kCreateChangeTable) + "; " + std::string(kCreateChangeIndex) +
       "; INSERT INTO settings_key (id, parent, name, folded) VALUES (1, NULL, '', '');";
   if (sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK) {
     return "cannot be initialised: " + ErrorText(db_);
@@ -284,19 +349,53 @@ std::string SqliteStore::InitialiseLocked() {
   return {};
 }
 
+std::string SqliteStore::UpgradeLocked() {
+  // A store made before change generations existed gets them. Another program may be
+  // upgrading the same file: the version is looked at again inside the transaction.
+  const std::string upgrade = std::string(kCreateChangeTable) + "; " +
+                              std::string(kCreateChangeIndex) +
+                              "; PRAGMA user_version = " + std::to_string(kSchemaVersion) + ";";
+  if (sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK) {
+    return "cannot be upgraded: " + ErrorText(db_);
+  }
+  int rc = SQLITE_OK;
+  if (std::string schema = CheckSchemaLocked(); !schema.empty()) {
+    sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+    return schema;
+  }
+  if (!generations_) rc = sqlite3_exec(db_, upgrade.c_str(), nullptr, nullptr, nullptr);
+  if (rc == SQLITE_OK) rc = sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr);
+  if (rc != SQLITE_OK) {
+    std::string error = "cannot be upgraded: " + ErrorText(db_);
+    sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+    return error;
+  }
+  generations_ = true;
+  return {};
+}
+
 void SqliteStore::CloseLocked() {
-  for (Statement* s : {&st_.begin, &st_.commit, &st_.rollback, &st_.dataVersion, &st_.keyExists,
-                       &st_.findChild, &st_.insertKey, &st_.keyValues, &st_.subkeys, &st_.branch,
-                       &st_.deleteKey, &st_.upsertValue, &st_.deleteValue, &st_.deleteValues}) {
+  for (Statement* s :
+       {&st_.begin, &st_.commit, &st_.rollback, &st_.dataVersion, &st_.keyExists, &st_.findChild,
+        &st_.insertKey, &st_.keyValues, &st_.subkeys, &st_.branch, &st_.deleteKey, &st_.upsertValue,
+        &st_.deleteValue, &st_.deleteValues, &st_.lastGeneration, &st_.changedSince,
+        &st_.recordChange, &st_.forgetChange}) {
     s->Finalize();
   }
-  sqlite3_close_v2(db_);
+  // The last connection to close checkpoints the log into the file, which must not
+  // happen to a file that this process or another store object of it found damaged.
+  FollowDamageLocked();
+  if (db_ && status_.state == SettingsStoreState::Unusable) {
+    sqlite3_db_config(db_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+  }
+  sqlite3_close_v2(db_);  // an open transaction is rolled back
   db_ = nullptr;
+  generations_ = false;
   DropCacheLocked();
 }
 
 SettingsStoreStatus SqliteStore::Status() {
-  std::lock_guard lock(mutex_);
+  auto lock = Acquire();
   EnsureOpenLocked();
   return status_;
 }
@@ -307,8 +406,18 @@ void SqliteStore::MarkUnusableLocked(std::string reason) {
   // A damaged file is left as it is from now on: no more writes, and no checkpoint
   // into it when the connection closes.
   if (db_) sqlite3_db_config(db_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+  if (file_) MarkFileDamaged(*file_, reason);
+  damageEpoch_ = DamageEpoch();
   status_ = {SettingsStoreState::Unusable, std::move(reason)};
   DropCacheLocked();
+}
+
+void SqliteStore::FollowDamageLocked() {
+  if (!file_ || status_.state == SettingsStoreState::Unusable) return;
+  const std::uint64_t epoch = DamageEpoch();
+  if (epoch == damageEpoch_) return;
+  damageEpoch_ = epoch;
+  if (std::optional<std::string> damage = FileDamage(*file_)) MarkUnusableLocked(*damage);
 }
 
 SettingsError SqliteStore::FromSqlite(int rc) {
@@ -357,33 +466,14 @@ SettingsError SqliteStore::StepDone(Query& query) {
   return rc == SQLITE_DONE ? SettingsError::None : FromSqlite(rc);
 }
 
-SettingsError SqliteStore::TransactLocked(const std::function<SettingsError()>& body) {
-  // Inside a batch the batch's transaction is the one: Apply commits or rolls back.
-  if (batch_) return body();
-  // BEGIN IMMEDIATE takes the write lock before anything is read, so two writers queue
-  // on the busy handler instead of deadlocking on a read-to-write upgrade.
-  {
-    Query begin(st_.begin);
-    if (SettingsError e = StepDone(begin); e != SettingsError::None) return e;
-  }
-  SettingsError error = body();
-  if (error == SettingsError::None) {
-    Query commit(st_.commit);
-    error = StepDone(commit);
-  }
-  if (error != SettingsError::None && !sqlite3_get_autocommit(db_)) {
-    Query rollback(st_.rollback);
-    rollback.Step();
-  }
-  return error;
-}
-
 // ---- 4. Cache -------------------------------------------------------------
 //
 // Reads are served from memory: the ids of key paths already looked up, and the values
 // of keys already read. Our own writes update the cache as they commit. Another
-// process's commit changes PRAGMA data_version, which is checked at every key lookup:
-// a reader sees another program's write no later than the next key it opens.
+// process's commit changes PRAGMA data_version, which is checked at every key lookup
+// and when a transaction begins: a reader sees another program's write no later than
+// the next key it opens. What that commit changed is then read from its change
+// generations, and only those keys leave the cache.
 
 void SqliteStore::CachedKey::Index() {
   byName.clear();
@@ -430,20 +520,75 @@ void SqliteStore::RefreshCacheLocked() {
   // after it moves the header for the next key open.
   const std::optional<LogHeader> header = ReadLogHeaderLocked();
   if (header && logHeader_ && *header == *logHeader_) return;
+  const bool outside = sqlite3_get_autocommit(db_) != 0;
+  // The version and the generations are read in one read transaction, so that the
+  // keys found changed are exactly those of the commits the version counts.
+  if (outside) sqlite3_exec(db_, "BEGIN", nullptr, nullptr, nullptr);
   Query q(st_.dataVersion);
   const int rc = q.Step();
-  if (rc != SQLITE_ROW) {
-    FromSqlite(rc);
+  bool current = rc == SQLITE_ROW && q.Int(0) == dataVersion_;
+  if (rc == SQLITE_ROW && !current) current = DropChangedLocked();
+  if (rc == SQLITE_ROW) dataVersion_ = q.Int(0);
+  q.Reset();
+  if (outside) sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr);
+  if (rc != SQLITE_ROW) FromSqlite(rc);
+  if (!current) {
     DropCacheLocked();
-    dataVersion_ = -1;
-    logHeader_.reset();
-    return;
+    if (rc != SQLITE_ROW) dataVersion_ = -1;
   }
-  if (q.Int(0) != dataVersion_) {
-    DropCacheLocked();
-    dataVersion_ = q.Int(0);
+  logHeader_ = rc == SQLITE_ROW ? header : std::nullopt;
+}
+
+bool SqliteStore::DropChangedLocked() {
+  // Another program committed. Drops the keys it changed and returns true, or returns
+  // false when the commit cannot be told apart (the file keeps no generations, or a
+  // program that keeps none wrote it, or the file was replaced by an older one): then
+  // the whole cache goes.
+  if (!generations_ || seenGeneration_ < 0) {
+    if (generations_) {
+      Query last(st_.lastGeneration);
+      if (last.Step() == SQLITE_ROW) seenGeneration_ = last.Int(0);
+    }
+    return false;
   }
-  logHeader_ = header;
+  Query last(st_.lastGeneration);
+  if (last.Step() != SQLITE_ROW) return false;
+  const std::int64_t newest = last.Int(0);
+  if (newest <= seenGeneration_) {
+    seenGeneration_ = newest;
+    return false;
+  }
+  Query q(st_.changedSince);
+  q.Bind(1, seenGeneration_);
+  bool tree = false;
+  for (int rc; (rc = q.Step()) != SQLITE_DONE;) {
+    if (rc != SQLITE_ROW) return false;
+    const SettingsKeyId key = q.Int(0);
+    if (key == kTreeChange) {
+      tree = true;
+    } else {
+      values_.erase(key);
+    }
+  }
+  seenGeneration_ = newest;
+  if (tree) {
+    // Keys were added or removed: paths may lead elsewhere now, and values cached for
+    // a removed key must not be served to a key object that still holds its id.
+    paths_.clear();
+    for (auto it = values_.begin(); it != values_.end();) {
+      Query exists(st_.keyExists);
+      exists.Bind(1, it->first);
+      const int rc = exists.Step();
+      if (rc == SQLITE_ROW) {
+        ++it;
+      } else if (rc == SQLITE_DONE) {
+        it = values_.erase(it);
+      } else {
+        return false;
+      }
+    }
+  }
+  return true;
 }
 
 SettingsResult<SqliteStore::CachedKey*> SqliteStore::LoadValuesLocked(SettingsKeyId key) {
@@ -481,10 +626,11 @@ SettingsResult<SettingsKeyId> SqliteStore::ChildLocked(SettingsKeyId parent,
 
 SettingsResult<SettingsKeyId> SqliteStore::LookupLocked(SettingsKeyId parent,
                                                         std::wstring_view path, bool create) {
-  WideMap<SettingsKeyId>& known = paths_[parent];
-  if (auto it = known.find(path); it != known.end()) {
-    if (it->second != 0) return it->second;
-    if (!create) return SettingsError::NotFound;
+  if (auto known = paths_.find(parent); known != paths_.end()) {
+    if (auto it = known->second.find(path); it != known->second.end()) {
+      if (it->second != 0) return it->second;
+      if (!create) return SettingsError::NotFound;
+    }
   }
   auto names = SplitSettingsPath(path);
   if (!names) return names.error();
@@ -514,6 +660,7 @@ SettingsResult<SettingsKeyId> SqliteStore::LookupLocked(SettingsKeyId parent,
       q.Bind(1, id).Bind(2, spelled[i]).Bind(3, folded[i]);
       if (SettingsError e = StepDone(q); e != SettingsError::None) return e;
       id = sqlite3_last_insert_rowid(db_);
+      changedTree_ = true;
     }
     return id;
   };
@@ -538,17 +685,19 @@ SettingsResult<SettingsKeyId> SqliteStore::LookupLocked(SettingsKeyId parent,
 }
 
 SettingsResult<SettingsKeyId> SqliteStore::FindKey(SettingsKeyId parent, std::wstring_view path) {
-  std::lock_guard lock(mutex_);
+  auto lock = Acquire();
   if (!EnsureOpenLocked()) return SettingsError::Unavailable;
   RefreshCacheLocked();
   return LookupLocked(parent, path, false);
 }
 
 SettingsResult<SettingsKeyId> SqliteStore::CreateKey(SettingsKeyId parent, std::wstring_view path) {
-  std::lock_guard lock(mutex_);
-  if (!EnsureOpenLocked()) return SettingsError::Unavailable;
+  auto lock = Acquire();
+  if (!EnsureOpenLocked()) return Doom(SettingsError::Unavailable);
   RefreshCacheLocked();
-  return LookupLocked(parent, path, true);
+  auto key = LookupLocked(parent, path, true);
+  if (!key) Doom(key.error());
+  return key;
 }
 
 SettingsError SqliteStore::DeleteBranchesLocked(SettingsKeyId key, bool includingKey) {
@@ -567,32 +716,42 @@ SettingsError SqliteStore::DeleteBranchesLocked(SettingsKeyId key, bool includin
   }
   if (branch.empty()) return SettingsError::NotFound;
   for (SettingsKeyId id : branch) {
-    Query q(id == key && !includingKey ? st_.deleteValues : st_.deleteKey);
+    const bool keep = id == key && !includingKey;
+    Query q(keep ? st_.deleteValues : st_.deleteKey);
     q.Bind(1, id);
     if (SettingsError e = StepDone(q); e != SettingsError::None) return e;
+    values_.erase(id);
+    if (keep) {
+      changedKeys_.insert(id);
+      continue;
+    }
+    changedKeys_.erase(id);
+    changedTree_ = true;
+    if (generations_) {
+      Query forget(st_.forgetChange);
+      forget.Bind(1, id);
+      if (SettingsError e = StepDone(forget); e != SettingsError::None) return e;
+    }
   }
+  if (branch.size() > 1 || includingKey) paths_.clear();
   return SettingsError::None;
 }
 
 SettingsError SqliteStore::DeleteKey(SettingsKeyId key) {
-  if (key == kSettingsRootKey) return SettingsError::BadName;
-  std::lock_guard lock(mutex_);
-  if (SettingsError e = WritableLocked(); e != SettingsError::None) return e;
-  const SettingsError e = TransactLocked([&] { return DeleteBranchesLocked(key, true); });
-  DropCacheLocked();
-  return e;
+  auto lock = Acquire();
+  if (key == kSettingsRootKey) return Doom(SettingsError::BadName);
+  if (SettingsError e = WritableLocked(); e != SettingsError::None) return Doom(e);
+  return TransactLocked([&] { return DeleteBranchesLocked(key, true); });
 }
 
 SettingsError SqliteStore::DeleteContents(SettingsKeyId key) {
-  std::lock_guard lock(mutex_);
-  if (SettingsError e = WritableLocked(); e != SettingsError::None) return e;
-  const SettingsError e = TransactLocked([&] { return DeleteBranchesLocked(key, false); });
-  DropCacheLocked();
-  return e;
+  auto lock = Acquire();
+  if (SettingsError e = WritableLocked(); e != SettingsError::None) return Doom(e);
+  return TransactLocked([&] { return DeleteBranchesLocked(key, false); });
 }
 
 SettingsResult<std::vector<std::wstring>> SqliteStore::SubkeyNames(SettingsKeyId key) {
-  std::lock_guard lock(mutex_);
+  auto lock = Acquire();
   if (!UsableLocked()) return SettingsError::Unavailable;
   {
     Query q(st_.keyExists);
@@ -615,7 +774,7 @@ SettingsResult<std::vector<std::wstring>> SqliteStore::SubkeyNames(SettingsKeyId
 
 SettingsResult<SettingsValue> SqliteStore::ReadValue(SettingsKeyId key, std::wstring_view name) {
   if (CheckValueName(name) != SettingsError::None) return SettingsError::BadName;
-  std::lock_guard lock(mutex_);
+  auto lock = Acquire();
   if (!UsableLocked()) return SettingsError::Unavailable;
   auto loaded = LoadValuesLocked(key);
   if (!loaded) return loaded.error();
@@ -632,10 +791,10 @@ SettingsResult<SettingsValue> SqliteStore::ReadValue(SettingsKeyId key, std::wst
 
 SettingsError SqliteStore::WriteValue(SettingsKeyId key, std::wstring_view name,
                                       const SettingsValue& value) {
-  if (CheckValueName(name) != SettingsError::None) return SettingsError::BadName;
-  if (EncodedSize(value) > kMaxSettingsValueBytes) return SettingsError::TooLarge;
-  std::lock_guard lock(mutex_);
-  if (SettingsError e = WritableLocked(); e != SettingsError::None) return e;
+  auto lock = Acquire();
+  if (CheckValueName(name) != SettingsError::None) return Doom(SettingsError::BadName);
+  if (EncodedSize(value) > kMaxSettingsValueBytes) return Doom(SettingsError::TooLarge);
+  if (SettingsError e = WritableLocked(); e != SettingsError::None) return Doom(e);
   return WriteValueLocked(key, name, value);
 }
 
@@ -647,7 +806,9 @@ SettingsError SqliteStore::WriteValueLocked(SettingsKeyId key, std::wstring_view
     q.Bind(1, key).Bind(2, WideToUtf8(name)).Bind(3, WideToUtf8(folded));
     q.Bind(4, static_cast<std::int64_t>(value.type()));
     BindValue(q, 5, value);
-    return StepDone(q);
+    const SettingsError step = StepDone(q);
+    if (step == SettingsError::None) changedKeys_.insert(key);
+    return step;
   });
   if (e != SettingsError::None) return e;
   if (auto it = values_.find(key); it != values_.end()) {
@@ -664,21 +825,25 @@ SettingsError SqliteStore::WriteValueLocked(SettingsKeyId key, std::wstring_view
 }
 
 SettingsError SqliteStore::DeleteValue(SettingsKeyId key, std::wstring_view name) {
-  if (CheckValueName(name) != SettingsError::None) return SettingsError::BadName;
-  std::lock_guard lock(mutex_);
-  if (SettingsError e = WritableLocked(); e != SettingsError::None) return e;
+  auto lock = Acquire();
+  if (CheckValueName(name) != SettingsError::None) return Doom(SettingsError::BadName);
+  if (SettingsError e = WritableLocked(); e != SettingsError::None) return Doom(e);
   return DeleteValueLocked(key, name);
 }
 
 SettingsError SqliteStore::DeleteValueLocked(SettingsKeyId key, std::wstring_view name) {
   const std::wstring folded = FoldCase(name);
+  bool deleted = false;
   const SettingsError e = TransactLocked([&] {
     Query q(st_.deleteValue);
     q.Bind(1, key).Bind(2, WideToUtf8(folded));
     if (SettingsError step = StepDone(q); step != SettingsError::None) return step;
-    return sqlite3_changes(db_) > 0 ? SettingsError::None : SettingsError::NotFound;
+    deleted = sqlite3_changes(db_) > 0;
+    if (deleted) changedKeys_.insert(key);
+    return SettingsError::None;
   });
   if (e != SettingsError::None) return e;
+  if (!deleted) return SettingsError::NotFound;
   if (auto it = values_.find(key); it != values_.end()) {
     CachedKey& cached = it->second;
     if (auto f = cached.byFolded.find(folded); f != cached.byFolded.end()) {
@@ -690,7 +855,7 @@ SettingsError SqliteStore::DeleteValueLocked(SettingsKeyId key, std::wstring_vie
 }
 
 SettingsResult<std::vector<std::wstring>> SqliteStore::ValueNames(SettingsKeyId key) {
-  std::lock_guard lock(mutex_);
+  auto lock = Acquire();
   if (!UsableLocked()) return SettingsError::Unavailable;
   auto loaded = LoadValuesLocked(key);
   if (!loaded) return loaded.error();
@@ -699,7 +864,115 @@ SettingsResult<std::vector<std::wstring>> SqliteStore::ValueNames(SettingsKeyId 
   return names;
 }
 
-// ---- 7. Batches -----------------------------------------------------------
+// ---- 7. Transactions and batches ------------------------------------------
+
+SettingsError SqliteStore::BeginLocked() {
+  if (depth_ > 0) {
+    ++depth_;  // joins the transaction this thread holds
+    return SettingsError::None;
+  }
+  if (!EnsureOpenLocked()) return SettingsError::Unavailable;
+  if (SettingsError e = WritableLocked(); e != SettingsError::None) return e;
+  // BEGIN IMMEDIATE takes the write lock before anything is read, so two writers queue
+  // on the busy handler instead of deadlocking on a read-to-write upgrade.
+  Query begin(st_.begin);
+  if (SettingsError e = StepDone(begin); e != SettingsError::None) return e;
+  depth_ = 1;
+  owner_ = std::this_thread::get_id();
+  doomed_ = SettingsError::None;
+  changedKeys_.clear();
+  changedTree_ = false;
+  syncWanted_ = false;
+  // What other programs committed before the lock was taken leaves the cache now, so
+  // that this transaction's generation follows every generation the cache has seen.
+  RefreshCacheLocked();
+  return SettingsError::None;
+}
+
+SettingsError SqliteStore::Doom(SettingsError error) {
+  // A missing key or value is an answer, not a failed change.
+  if (depth_ > 0 && doomed_ == SettingsError::None && error != SettingsError::None &&
+      error != SettingsError::NotFound) {
+    doomed_ = error;
+  }
+  return error;
+}
+
+SettingsError SqliteStore::RecordChangesLocked() {
+  if (!generations_ || (changedKeys_.empty() && !changedTree_)) return SettingsError::None;
+  Query last(st_.lastGeneration);
+  const int rc = last.Step();
+  if (rc != SQLITE_ROW) return FromSqlite(rc);
+  const std::int64_t generation = last.Int(0) + 1;
+  last.Reset();
+  auto record = [&](SettingsKeyId key) {
+    Query q(st_.recordChange);
+    q.Bind(1, key).Bind(2, generation);
+    return StepDone(q);
+  };
+  for (SettingsKeyId key : changedKeys_) {
+    if (SettingsError e = record(key); e != SettingsError::None) return e;
+  }
+  if (changedTree_) {
+    if (SettingsError e = record(kTreeChange); e != SettingsError::None) return e;
+  }
+  seenGeneration_ = generation;
+  return SettingsError::None;
+}
+
+SettingsError SqliteStore::EndLocked(bool commit) {
+  if (depth_ == 0 || owner_ != std::this_thread::get_id()) return SettingsError::Failed;
+  if (--depth_ > 0) {
+    // An inner scope that gives up gives up the whole transaction.
+    if (!commit) Doom(SettingsError::Failed);
+    return SettingsError::None;
+  }
+  const std::int64_t seen = seenGeneration_;
+  SettingsError error = commit ? doomed_ : SettingsError::None;
+  const bool keep = commit && error == SettingsError::None && UsableLocked();
+  if (keep) error = RecordChangesLocked();
+  if (keep && error == SettingsError::None) {
+    Query q(st_.commit);
+    error = StepDone(q);
+  }
+  const bool committed = keep && error == SettingsError::None;
+  if (!committed && db_ && !sqlite3_get_autocommit(db_)) {
+    Query rollback(st_.rollback);
+    rollback.Step();
+  }
+  if (!committed) {
+    // The cache followed the transaction's writes, which are gone.
+    DropCacheLocked();
+    seenGeneration_ = seen;
+  }
+  if (committed && syncWanted_) error = SyncLogLocked();
+  owner_ = std::thread::id();
+  changedKeys_.clear();
+  changedTree_ = false;
+  transactionEnded_.notify_all();
+  if (!commit) return SettingsError::None;
+  if (!committed && error == SettingsError::None) error = SettingsError::Unavailable;
+  return error;
+}
+
+SettingsError SqliteStore::TransactLocked(const std::function<SettingsError()>& body) {
+  // Inside a transaction the change joins it, and a failure dooms it.
+  if (depth_ > 0) return Doom(body());
+  if (SettingsError e = BeginLocked(); e != SettingsError::None) return e;
+  const SettingsError error = Doom(body());
+  const SettingsError end = EndLocked(true);
+  return error != SettingsError::None ? error : end;
+}
+
+SettingsError SqliteStore::BeginTransaction() {
+  auto lock = Acquire();
+  return BeginLocked();
+}
+
+SettingsError SqliteStore::EndTransaction(bool commit) {
+  auto lock = Acquire();
+  return EndLocked(commit);
+}
 
 SettingsError SqliteStore::ApplyLocked(const SettingsChange& change) {
   const auto missingIsDone = [](SettingsError e) {
@@ -712,9 +985,7 @@ SettingsError SqliteStore::ApplyLocked(const SettingsChange& change) {
       if (change.path.empty()) return SettingsError::BadName;  // the root stays
       const auto key = LookupLocked(kSettingsRootKey, change.path, false);
       if (!key) return missingIsDone(key.error());
-      const SettingsError e = DeleteBranchesLocked(*key, true);
-      DropCacheLocked();  // paths recorded for the branch are gone
-      return e;
+      return DeleteBranchesLocked(*key, true);
     }
     case SettingsChange::Kind::WriteValue: {
       if (!change.value) return SettingsError::Failed;
@@ -733,24 +1004,18 @@ SettingsError SqliteStore::ApplyLocked(const SettingsChange& change) {
 }
 
 SettingsApplyResult SqliteStore::Apply(const std::vector<SettingsChange>& changes) {
-  std::lock_guard lock(mutex_);
-  if (!EnsureOpenLocked()) return {SettingsError::Unavailable, changes.size()};
-  if (SettingsError e = WritableLocked(); e != SettingsError::None) return {e, changes.size()};
-  RefreshCacheLocked();
+  auto lock = Acquire();
+  if (SettingsError e = BeginLocked(); e != SettingsError::None) return {e, changes.size()};
   SettingsApplyResult result{SettingsError::None, changes.size()};
-  const SettingsError e = TransactLocked([&] {
-    batch_ = true;
-    for (std::size_t i = 0; i < changes.size() && result.ok(); ++i) {
-      result.error = ApplyLocked(changes[i]);
-      if (!result.ok()) result.failed = i;
+  for (std::size_t i = 0; i < changes.size() && result.ok(); ++i) {
+    result.error = ApplyLocked(changes[i]);
+    if (!result.ok()) {
+      result.failed = i;
+      Doom(result.error == SettingsError::NotFound ? SettingsError::Failed : result.error);
     }
-    batch_ = false;
-    return result.error;
-  });
-  // The cache followed the batch's writes, which a rollback has undone; after a commit
-  // it is simply reloaded.
-  DropCacheLocked();
-  if (result.ok()) result.error = e;
+  }
+  const SettingsError end = EndLocked(result.ok());
+  if (result.ok()) result.error = end;
   if (result.ok()) result.failed = 0;
   return result;
 }
@@ -758,11 +1023,19 @@ SettingsApplyResult SqliteStore::Apply(const std::vector<SettingsChange>& change
 // ---- 8. Durability --------------------------------------------------------
 
 SettingsError SqliteStore::Sync() {
+  auto lock = Acquire();
+  if (depth_ > 0) {
+    syncWanted_ = true;  // one sync when the transaction commits
+    return SettingsError::None;
+  }
+  return SyncLogLocked();
+}
+
+SettingsError SqliteStore::SyncLogLocked() {
   // Commits go to the write-ahead log without a sync, which already survives a crash
   // of the program. Syncing the log makes every commit so far survive a power failure
   // too; it is one fsync, whatever other programs are reading, where a checkpoint
   // would sync only when no reader holds back the frames it copies.
-  std::lock_guard lock(mutex_);
   if (!db_ || WritableLocked() != SettingsError::None) return SettingsError::None;
   sqlite3_file* log = nullptr;
   if (sqlite3_file_control(db_, "main", SQLITE_FCNTL_JOURNAL_POINTER, &log) != SQLITE_OK || !log ||
@@ -776,7 +1049,7 @@ SettingsError SqliteStore::Sync() {
 // ---- 9. Check -------------------------------------------------------------
 
 SettingsCheckReport SqliteStore::Check() {
-  std::lock_guard lock(mutex_);
+  auto lock = Acquire();
   SettingsCheckReport report;
   report.location = path_;
   if (!EnsureOpenLocked()) {
@@ -853,8 +1126,15 @@ namespace vglobal {
 
 std::shared_ptr<SettingsStore> OpenSqliteSettingsStore(const std::string& path,
                                                        SettingsFileKind kind,
+                                                       SettingsOpenMode mode) {
+  return std::make_shared<settings::SqliteStore>(path, kind, mode);
+}
+
+std::shared_ptr<SettingsStore> OpenSqliteSettingsStore(const std::string& path,
+                                                       SettingsFileKind kind,
                                                        bool createIfMissing) {
-  return std::make_shared<settings::SqliteStore>(path, kind, createIfMissing);
+  return OpenSqliteSettingsStore(
+      path, kind, createIfMissing ? SettingsOpenMode::Create : SettingsOpenMode::ReadWrite);
 }
 
 }  // namespace vglobal

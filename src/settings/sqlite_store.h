@@ -1,15 +1,19 @@
 // The settings store kept in an SQLite database file: the default store of both roots.
 //
 // Contract:
-// - One connection per store object; the process keeps one store object per file (see
-//   store_registry.cpp). All calls are serialised by a mutex.
-// - The file is opened when the object is made. A missing file is created only when
-//   the object was made with createIfMissing; otherwise the store stays Absent and
-//   looks for the file again at each key lookup. A file that is not one of our stores,
-//   or is damaged, is never written: the store becomes Unusable for the rest of the
-//   process, and Check() names the reason.
-// - Each write is its own transaction, committed before the call returns; Apply
-//   makes a whole batch of changes in one.
+// - One connection per store object; a program opens each file once (see
+//   store_registry.cpp). All calls are serialised by a mutex; while a thread holds a
+//   transaction (BeginTransaction), calls from other threads wait for its end.
+// - The file is opened when the object is made. A missing file is created only in mode
+//   Create; otherwise the store stays Absent and looks for the file again at each key
+//   lookup. A file that is not one of our stores, or is damaged, is never written: the
+//   store becomes Unusable for the rest of the process, every other store object of
+//   the same file in this process follows (damaged_files.h), none of them checkpoints
+//   into it, and Check() names the reason.
+// - Each write outside a transaction is its own transaction, committed before the call
+//   returns; BeginTransaction/EndTransaction and Apply make many writes one.
+// - Every commit records, in the same transaction, a change generation for each key it
+//   changed, so that other processes drop from their caches only what changed.
 // - A store object must not be used in a child made by fork() after the parent opened
 //   it (an SQLite rule); the child opens its own.
 #pragma once
@@ -18,14 +22,18 @@
 
 #include <array>
 #include <chrono>
+#include <condition_variable>
 #include <cstdint>
 #include <functional>
 #include <mutex>
 #include <optional>
 #include <string>
+#include <thread>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
+#include "settings/damaged_files.h"
 #include "settings/sqlite_statement.h"
 #include "vglobal/settings_store.h"
 
@@ -33,7 +41,7 @@ namespace vglobal::settings {
 
 class SqliteStore final : public SettingsStore {
  public:
-  SqliteStore(std::string path, SettingsFileKind kind, bool createIfMissing);
+  SqliteStore(std::string path, SettingsFileKind kind, SettingsOpenMode mode);
   ~SqliteStore() override;
   SqliteStore(const SqliteStore&) = delete;
   SqliteStore& operator=(const SqliteStore&) = delete;
@@ -53,6 +61,8 @@ class SqliteStore final : public SettingsStore {
   SettingsError Sync() override;
   SettingsCheckReport Check() override;
   SettingsApplyResult Apply(const std::vector<SettingsChange>& changes) override;
+  SettingsError BeginTransaction() override;
+  SettingsError EndTransaction(bool commit) override;
 
  private:
   // Hash of wide strings that also finds entries by std::wstring_view, so that cache
@@ -78,14 +88,19 @@ class SqliteStore final : public SettingsStore {
     void Index();
   };
 
+  // Locking: the mutex, once no other thread holds a transaction.
+  std::unique_lock<std::mutex> Acquire();
+
   // Opening
   void OpenLocked();
   bool EnsureOpenLocked();
   std::string ConnectLocked(bool initialise);
   std::string InitialiseLocked();
+  std::string UpgradeLocked();
   std::string CheckSchemaLocked();
   void CloseLocked();
   void MarkUnusableLocked(std::string reason);
+  void FollowDamageLocked();
   SettingsError FromSqlite(int rc);
   bool UsableLocked() const;
   SettingsError WritableLocked() const;
@@ -94,6 +109,7 @@ class SqliteStore final : public SettingsStore {
   using LogHeader = std::array<unsigned char, 48>;
   std::optional<LogHeader> ReadLogHeaderLocked();
   void RefreshCacheLocked();
+  bool DropChangedLocked();
   void DropCacheLocked();
   SettingsResult<CachedKey*> LoadValuesLocked(SettingsKeyId key);
 
@@ -109,29 +125,49 @@ class SqliteStore final : public SettingsStore {
   SettingsError DeleteValueLocked(SettingsKeyId key, std::wstring_view name);
   SettingsError ApplyLocked(const SettingsChange& change);
 
-  // Writes
+  // Transactions
   static int OnBusy(void* self, int attempt);
+  SettingsError BeginLocked();
+  SettingsError EndLocked(bool commit);
+  SettingsError Doom(SettingsError error);
+  SettingsError RecordChangesLocked();
   SettingsError TransactLocked(const std::function<SettingsError()>& body);
   SettingsError StepDone(Query& query);
+  SettingsError SyncLogLocked();
 
   std::mutex mutex_;
+  std::condition_variable transactionEnded_;
   const std::string path_;
   const SettingsFileKind kind_;
-  const bool createIfMissing_;
+  const SettingsOpenMode mode_;
   SettingsStoreStatus status_;
   sqlite3* db_ = nullptr;
-  bool batch_ = false;  // Apply's transaction is open: every write joins it
+  std::optional<FileIdentity> file_;  // the file the connection has open
+  std::uint64_t damageEpoch_ = 0;     // of damaged_files.h, as last consulted
+
+  // The open transaction: its depth of nesting, its thread, its first failure, the keys
+  // it changed, whether it added or removed keys, and whether a sync was asked for.
+  int depth_ = 0;
+  std::thread::id owner_;
+  SettingsError doomed_ = SettingsError::None;
+  std::unordered_set<SettingsKeyId> changedKeys_;
+  bool changedTree_ = false;
+  bool syncWanted_ = false;
 
   struct Statements {
     Statement begin, commit, rollback, dataVersion;
     Statement keyExists, findChild, insertKey, keyValues, subkeys, branch, deleteKey;
     Statement upsertValue, deleteValue, deleteValues;
+    // Change generations; prepared only when the file has them.
+    Statement lastGeneration, changedSince, recordChange, forgetChange;
   } st_;
 
   std::chrono::steady_clock::time_point busySince_;
   std::int64_t dataVersion_ = -1;
   bool walIndex_ = false;               // the file uses a write-ahead log
   std::optional<LogHeader> logHeader_;  // as read before the last data_version
+  bool generations_ = false;            // the file records change generations
+  std::int64_t seenGeneration_ = 0;     // every change up to this one is in the cache
   // (parent, path as spelled by the caller) -> key id; 0 records a key found missing.
   std::unordered_map<SettingsKeyId, WideMap<SettingsKeyId>> paths_;
   std::unordered_map<SettingsKeyId, CachedKey> values_;
