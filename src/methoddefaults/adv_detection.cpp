@@ -39,6 +39,7 @@ const S::Write kAdvDetectWrite[] = {
 }  // namespace
 
 void WriteAdvDetectOptionsInfo(CComponentIO* component, COptions* options) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!component && !options) return;
   const AdvDetectRecords records{component, options};
   vglobal::methoddefaults::WriteValues<R>(vglobal::kAdvDetectionOptionsKey, records,

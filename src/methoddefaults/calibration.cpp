@@ -66,6 +66,7 @@ constexpr std::array kRead{
 }  // namespace
 
 void WriteCalibrationInfo(CComponentIO* component) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
   WriteValues<CComponentIO>(kCalibrationPath, *component, kWrite);
 }

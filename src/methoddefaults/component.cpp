@@ -79,6 +79,7 @@ constexpr std::array<NamedPage, 8> kReadOrder{{
 }  // namespace
 
 void WriteComponentInfo(CComponentIO* component, unsigned int mask) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
   if (mask & vglobal::kWriteWholeComponent) {
     for (PageWriter write : kWholeComponent) write(component);

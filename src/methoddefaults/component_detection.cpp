@@ -125,6 +125,7 @@ constexpr std::array kRead{
 }  // namespace
 
 void WriteGCDetectionInfo(CComponentIO* component) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
   CVRegKey key(HKEY_CURRENT_USER, kDetectionPath, 1, 1);
   WriteValues<CComponentIO>(key, *component, kWritePeakFinding);
@@ -132,6 +133,7 @@ void WriteGCDetectionInfo(CComponentIO* component) {
 }
 
 void WriteLCDetectionInfo(CComponentIO* component) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
   WriteValues<CComponentIO>(kDetectionPath, *component, kWritePeakFinding);
 }

@@ -91,6 +91,7 @@ constexpr std::array kRead{
 }  // namespace
 
 void WriteIdentificationInfo(CComponentIO* component) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
   WriteValues<CComponentIO>(kIdentificationPath, *component, kWrite);
 }

@@ -136,18 +136,21 @@ int ReadDefaultPeakDetection(CPeakDetection* detection, COptions* options, CStri
 }
 
 void WriteIdentificationInfo(CPeakDetection* detection, COptions* options, CVRegKey& key) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!detection) return;
   const ExploreRecords records{detection, options};
   WriteValues<ExploreRecords>(key, records, kExploreWrite);
 }
 
 void CreateRegistryEntries(CPeakDetection* detection, COptions* options, CString keyPath) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!detection) return;
   CVRegKey key(HKEY_CURRENT_USER, keyPath.GetString(), 1, 1);
   WriteIdentificationInfo(detection, options, key);
 }
 
 void SetDefaultRegistryEntries(CPeakDetection* detection, COptions* options, CString keyPath) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!detection) return;
   CVRegKey key(HKEY_CURRENT_USER, keyPath.GetString(), 0, 0);
   // Found values are loaded before the rewrite, so rewriting from the records keeps

@@ -56,6 +56,7 @@ constexpr std::array kCalibrationFlagsRead{
 }  // namespace
 
 void WriteDataFlagsInfo(CComponentIO* component) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
   WriteValues<CComponentIO>(kDetectionFlagsPath, *component, kDetectionFlagsWrite);
 }
@@ -66,6 +67,7 @@ int ReadDataFlagsInfo(CComponentIO* component) {
 }
 
 void WriteCalibrationFlagInfo(CComponentIO* component) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
   WriteValues<CComponentIO>(kCalibrationFlagsPath, *component, kCalibrationFlagsWrite);
 }

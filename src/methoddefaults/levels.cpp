@@ -123,6 +123,7 @@ int ReadLevelList(CVRegKey& levels, CComponentIO& component, const LevelList& li
 }  // namespace
 
 void WriteLevelsInfo(CComponentIO* component) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
   CVRegKey levels(HKEY_CURRENT_USER, kLevelsPath, 1, 1);
   switch (component->Type()) {
@@ -150,6 +151,7 @@ int ReadLevelsInfo(CComponentIO* component) {
 }
 
 void WriteALevel(CLevel* level, CVRegKey* list, int index) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!level || !list) return;
   CVRegKey levelKey(*list, ElementKeyName(kLevelKey, index), 1, 1);
   WriteValues<CLevel>(levelKey, *level, kLevelWrite);

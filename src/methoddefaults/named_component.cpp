@@ -242,6 +242,7 @@ CLevel& QCLevel(CComponentIO& c, int i) {
 // ---- 2. Writing ----
 
 void WriteIdentificationInfo(CComponentIO* component, CVRegKey& key) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
   WriteValues<CComponentIO>(key, *component, kNoFilterWrite);
   CVRegKey(key, kMassRangeKey, 0, 0).DeleteAll();
@@ -256,6 +257,7 @@ void WriteIdentificationInfo(CComponentIO* component, CVRegKey& key) {
 }
 
 void WriteCalibrationInfo(CComponentIO* component, CVRegKey& key) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
   CVRegKey calLevels(key, kCalLevelsKey, 0, 0);
   CVRegKey qcLevels(key, kQCLevelsKey, 0, 0);
@@ -268,6 +270,7 @@ void WriteCalibrationInfo(CComponentIO* component, CVRegKey& key) {
 }
 
 void WriteLevelInfo(CLevel& level, CVRegKey& parent, int index) {
+  const vglobal::methoddefaults::WriteScope scope;
   CVRegKey levelKey(parent, ElementKeyName(kLevelElement, index), 1, 1);
   WriteValues<CLevel>(levelKey, level, kLevelWrite);
   vglobal::methoddefaults::WriteReplicates(levelKey, level);
@@ -327,6 +330,7 @@ void ReadLevelInfo(CLevel& level, CVRegKey& parent, int index, int& ok) {
 // ---- 4. The key as a whole ----
 
 void CreateRegistryEntries(CComponentIO* component, CString path) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
   CVRegKey key(HKEY_CURRENT_USER, path, 1, 1);
   for (const wchar_t* subkey :
@@ -338,6 +342,7 @@ void CreateRegistryEntries(CComponentIO* component, CString path) {
 }
 
 CComponentIO* SetRegistryEntries(CComponentIO* old, CString path) {
+  const vglobal::methoddefaults::WriteScope scope;
   delete old;
   auto component = std::make_unique<CComponentIO>();
   const bool exists = CVRegKey(HKEY_CURRENT_USER, path, 0, 0).IsValid() != 0;

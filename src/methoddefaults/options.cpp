@@ -44,6 +44,7 @@ const S::Read kOptionsRead[] = {
 }  // namespace
 
 void WriteIdentificationOptions(COptions* options) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!options) return;
   vglobal::methoddefaults::WriteValues<R>(vglobal::kOptionsKey, *options, kOptionsWrite);
 }

@@ -172,11 +172,13 @@ const S::Read kAdvChromatogramRead[] = {
 }  // namespace
 
 void WritePeakDetectionInfo(CPeakDetection* detection) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!detection) return;
   WriteValues<R>(vglobal::kQualIdentificationKey, *detection, kIdentificationWrite);
 }
 
 void WriteAdvChromatogramOptionsInfo(CPeakDetection* detection) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!detection) return;
   WriteValues<R>(vglobal::kAdvChromatogramOptionsKey, *detection, kAdvChromatogramWrite);
 }

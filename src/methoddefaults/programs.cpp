@@ -46,6 +46,7 @@ const vglobal::methoddefaults::RowSection<R> kSection = {
 }  // namespace
 
 void WriteProgramInfo(CProgram* program, int row) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (program) WriteRow(kSection, *program, row);
 }
 
@@ -54,6 +55,7 @@ int ReadProgramDefaultInfo(CProgram* program, int row) {
 }
 
 void WriteAllProgramInfo(CProcMethod* method) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (method) WriteAllRows(kSection, *method);
 }
 

@@ -217,6 +217,7 @@ int ReadList(CVRegKey& key, R& record, const ConstraintList<Element>& list) {
 }  // namespace
 
 void WriteConstraintsInfo(CConstraints* constraints) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!constraints) return;
   CVRegKey key(HKEY_CURRENT_USER, kPath, 1, 1);
   WriteValues<R>(key, *constraints, kWriteBeforeElements);

@@ -77,11 +77,13 @@ const S::Read kRead[] = {
 }  // namespace
 
 void WriteLibrarySearchInfo(CLibrarySearchOptions* options) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!options) return;
   WriteValues<R>(kPath, *options, kWrite);
 }
 
 void WriteLibrarySearchList(CStringArray& libraries) {
+  const vglobal::methoddefaults::WriteScope scope;
   CVRegKey key(HKEY_CURRENT_USER, kPath, 1, 1);
   key.WriteMultiStr(kSearchLibraries, libraries);
 }

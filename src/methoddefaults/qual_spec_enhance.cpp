@@ -69,6 +69,7 @@ const S::Read kRead[] = {
 }  // namespace
 
 void WriteSpecEnhancementInfo(CSpecEnhanceOptions* options) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!options) return;
   WriteValues<R>(kPath, *options, kWrite);
 }

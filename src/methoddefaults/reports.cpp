@@ -41,6 +41,7 @@ const vglobal::methoddefaults::RowSection<R> kSection = {
 }  // namespace
 
 void WriteReportInfo(CReport* report, int row) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (report) WriteRow(kSection, *report, row);
 }
 
@@ -49,6 +50,7 @@ int ReadReportDefaultInfo(CReport* report, int row) {
 }
 
 void WriteAllReportInfo(CProcMethod* method) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (method) WriteAllRows(kSection, *method);
 }
 

@@ -18,11 +18,13 @@
 
 #include <climits>
 #include <cmath>
+#include <exception>
 #include <optional>
 #include <span>
 
 #include "vglobal/compat/cstring.h"
 #include "vglobal/settings.h"
+#include "vglobal/settings_store.h"
 
 namespace vglobal::methoddefaults {
 
@@ -135,6 +137,26 @@ inline int TruncateForStore(double value) {
 }
 
 // ---- 2. Running a table ----
+
+// The scope of a writer of the user's defaults: everything written while it lives is
+// one transaction of the user's store, kept when the outermost scope ends, so that a
+// save interrupted at any moment (a crash, a killed program) leaves the defaults as
+// they were before it or as they are after it, never half. Scopes nest: the whole
+// component's writer and the page writers it calls make one transaction. An exception
+// leaving the scope abandons the transaction.
+class WriteScope {
+ public:
+  WriteScope() : transaction_(HKEY_CURRENT_USER), exceptions_(std::uncaught_exceptions()) {}
+  ~WriteScope() {
+    if (std::uncaught_exceptions() == exceptions_) transaction_.Commit();
+  }
+  WriteScope(const WriteScope&) = delete;
+  WriteScope& operator=(const WriteScope&) = delete;
+
+ private:
+  SettingsTransaction transaction_;
+  int exceptions_;
+};
 
 // Writes the entries whose condition holds, in table order, into an open key.
 template <typename Record>

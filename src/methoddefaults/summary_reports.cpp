@@ -34,6 +34,7 @@ const vglobal::methoddefaults::RowSection<R> kSection = {
 }  // namespace
 
 void WriteSummaryReportInfo(CSummaryReport* report, int row) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (report) WriteRow(kSection, *report, row);
 }
 
@@ -42,6 +43,7 @@ int ReadSummaryReportDefaultInfo(CSummaryReport* report, int row) {
 }
 
 void WriteAllSummaryReportInfo(CProcMethod* method) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (method) WriteAllRows(kSection, *method);
 }
 

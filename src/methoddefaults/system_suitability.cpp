@@ -107,6 +107,7 @@ constexpr std::array kRead{
 }  // namespace
 
 void WriteSystemSuitabilityInfo(CComponentIO* component) {
+  const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
   WriteValues<CComponentIO>(kSystemSuitabilityPath, *component, kWrite);
 }
