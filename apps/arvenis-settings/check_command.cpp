@@ -14,10 +14,10 @@ void AddCheckCommand(CLI::App& app) {
     for (const bool machine : {false, true}) {
       const std::string path =
           vglobal::SettingsStorePath(machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER);
-      // Opened without creating anything: a check never changes the files.
+      // Opened read-only: a check never changes the files, damaged ones least of all.
       auto store = vglobal::OpenSqliteSettingsStore(
           path, machine ? vglobal::SettingsFileKind::Machine : vglobal::SettingsFileKind::User,
-          false);
+          vglobal::SettingsOpenMode::ReadOnly);
       const vglobal::SettingsCheckReport report = store->Check();
       if (!report.present) {
         std::cout << report.location << ": not present\n";

@@ -175,13 +175,9 @@ void AddDefaultsCommand(CLI::App& app) {
   show->callback([json] {
     // The user store is opened for reading only; a user without one sees the
     // records' own defaults.
-    const std::string file = vglobal::SettingsStorePath(HKEY_CURRENT_USER);
-    auto probe = vglobal::OpenSqliteSettingsStore(file, vglobal::SettingsFileKind::User, false);
-    const auto state = probe->Status().state;
-    if (state == vglobal::SettingsStoreState::Unusable)
-      Fail(kUnavailable, file + ": " + probe->Status().reason);
-    if (state == vglobal::SettingsStoreState::Absent) {
-      std::cerr << "arvenis-settings: no settings are stored yet (" << file
+    if (!OpenStore(false, Access::Read)) {
+      std::cerr << "arvenis-settings: no settings are stored yet ("
+                << vglobal::SettingsStorePath(HKEY_CURRENT_USER)
                 << "); showing the built-in defaults\n";
       // Reading through an empty store in memory: looking must not create the file.
       vglobal::SetSettingsStore(HKEY_CURRENT_USER, vglobal::MakeMemorySettingsStore());
@@ -196,8 +192,12 @@ void AddDefaultsCommand(CLI::App& app) {
   CLI::App* sample = defaults->add_subcommand(
       "write-sample", "Write a complete, realistic default method and component for this user");
   sample->callback([] {
-    OpenStore(false, Access::Write);  // creates the user's store, or says why it cannot
+    auto store = OpenStore(false, Access::Create);  // or says why it cannot
+    // The whole method and component as one save: all of it is stored or none.
+    vglobal::SettingsTransaction transaction(store);
     WriteSample();
+    if (auto e = transaction.Commit(); e != vglobal::SettingsError::None) Fail(e, "save");
+    if (auto e = store->Sync(); e != vglobal::SettingsError::None) Fail(e, "sync");
     std::cerr << "arvenis-settings: sample defaults written to "
               << vglobal::SettingsStorePath(HKEY_CURRENT_USER) << '\n';
   });

@@ -82,11 +82,11 @@ void AddDefaultsResetCommand(CLI::App& defaults) {
     }
     const std::wstring fullPath = vglobal::ResolveSettingsPath(path);
     const std::string where = DisplayPath(false, fullPath);
-    if (NoUserStoreYet()) {
+    auto store = OpenStore(false, Access::Change);
+    if (!store) {
       std::cerr << "arvenis-settings: no settings are stored yet; nothing to reset\n";
       return;
     }
-    auto store = OpenStore(false, Access::Write);
     const auto key = store->FindKey(vglobal::kSettingsRootKey, fullPath);
     if (!key) {
       if (key.error() != vglobal::SettingsError::NotFound) Fail(key.error(), where);

@@ -23,7 +23,7 @@ void AddDeleteCommand(CLI::App& app) {
   command->add_option("PATH", o->path, "Key path")->required();
   command->add_option("NAME", o->name, "Value name; without it the whole key is deleted");
   command->callback([o] {
-    auto store = OpenStore(o->machine, Access::Write);
+    auto store = OpenStore(o->machine, Access::Change);
     const std::wstring path = KeyPath(o->path);
     const std::string where = DisplayPath(o->machine, path);
     const auto key = store->FindKey(vglobal::kSettingsRootKey, path);

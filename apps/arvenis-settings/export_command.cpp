@@ -52,14 +52,13 @@ void WriteFile(const std::string& file, const std::string& bytes) {
 
 ExportBranch Branch(const ExportOptions& o, const std::wstring& path) {
   const std::string where = DisplayPath(o.machine, path);
-  // A user who has saved nothing yet has an empty store, and looking does not make one.
-  if (!o.machine && NoUserStoreYet()) {
+  auto store = OpenStore(o.machine, Access::Read);
+  if (!store) {
     if (!o.path.empty()) Fail(kBadInput, where + ": no such key (no settings are stored yet)");
     std::cerr << "arvenis-settings: no settings are stored yet ("
               << vglobal::SettingsStorePath(HKEY_CURRENT_USER) << ")\n";
     return {};
   }
-  auto store = OpenStore(o.machine, Access::Read);
   auto branch = ReadBranch(*store, path);
   if (branch) return std::move(branch).value();
   // Without a PATH the suite's own keys are exported, and there may be none yet.

@@ -74,7 +74,7 @@ void AddImportCommand(CLI::App& app) {
     if (!plan.ok()) {
       Fail(kBadInput, o->file + ": " + plan.error->Text() + "; nothing was imported");
     }
-    auto store = OpenStore(o->machine, Access::Write);
+    auto store = OpenStore(o->machine, Access::Create);
     const vglobal::SettingsApplyResult result = store->Apply(plan.changes);
     if (!result.ok()) {
       std::string what = o->file + ": nothing was imported";

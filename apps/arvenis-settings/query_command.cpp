@@ -46,14 +46,12 @@ void AddQueryCommand(CLI::App& app) {
       "Key path; a path not starting at Software lies below Software\\Ostrel\\Arvenis");
   command->callback([o] {
     const bool machine = o->machine;
-    // A user who has saved nothing yet has no store file: that is an empty store, not
-    // a fault, and looking must not create it.
-    if (!machine && NoUserStoreYet()) {
+    auto store = OpenStore(machine, Access::Read);
+    if (!store) {
       std::cerr << "arvenis-settings: no settings are stored yet ("
                 << vglobal::SettingsStorePath(HKEY_CURRENT_USER) << ")\n";
       return;
     }
-    auto store = OpenStore(machine, Access::Read);
     const std::wstring path = KeyPath(o->path);
     const auto key = store->FindKey(vglobal::kSettingsRootKey, path);
     if (!key) {

@@ -91,7 +91,7 @@ void AddSetCommand(CLI::App& app) {
       ->allow_extra_args(false);
   command->callback([o] {
     const vglobal::SettingsValue value = ValueOf(*o);
-    auto store = OpenStore(o->machine, Access::Write);
+    auto store = OpenStore(o->machine, Access::Create);
     const std::wstring path = KeyPath(o->path);
     const auto key = store->CreateKey(vglobal::kSettingsRootKey, path);
     if (!key) Fail(key.error(), DisplayPath(o->machine, path));

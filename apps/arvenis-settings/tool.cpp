@@ -21,24 +21,31 @@ void Fail(vglobal::SettingsError error, const std::string& what) {
 }
 
 std::shared_ptr<vglobal::SettingsStore> OpenStore(bool machine, Access access) {
+  using vglobal::SettingsOpenMode;
   const HKEY root = machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
   const std::string path = vglobal::SettingsStorePath(root);
+  const SettingsOpenMode mode = access == Access::Read ? SettingsOpenMode::ReadOnly
+                                : access == Access::Create && !machine
+                                    ? SettingsOpenMode::Create
+                                    : SettingsOpenMode::ReadWrite;
   auto store = vglobal::OpenSqliteSettingsStore(
-      path, machine ? vglobal::SettingsFileKind::Machine : vglobal::SettingsFileKind::User,
-      access == Access::Write && !machine);
+      path, machine ? vglobal::SettingsFileKind::Machine : vglobal::SettingsFileKind::User, mode);
   const vglobal::SettingsStoreStatus status = store->Status();
   switch (status.state) {
     case vglobal::SettingsStoreState::Writable:
       break;
     case vglobal::SettingsStoreState::ReadOnly:
-      if (access == Access::Write) Fail(kUnavailable, path + ": " + status.reason);
+      if (access != Access::Read) Fail(kUnavailable, path + ": " + status.reason);
       break;
     case vglobal::SettingsStoreState::Absent:
+      // A user who has saved nothing yet has an empty store, and looking does not make one.
+      if (!machine && access != Access::Create) return nullptr;
       Fail(kUnavailable, path + ": " + status.reason +
                              (machine ? "; create it with 'arvenis-settings init --machine'" : ""));
     case vglobal::SettingsStoreState::Unusable:
       Fail(kUnavailable, path + ": " + status.reason);
   }
+  vglobal::SetSettingsStore(root, store);
   return store;
 }
 
@@ -50,15 +57,6 @@ std::string DisplayPath(bool machine, const std::wstring& path) {
   std::string text = machine ? "HKEY_LOCAL_MACHINE" : "HKEY_CURRENT_USER";
   if (!path.empty()) text += "\\" + vglobal::WideToUtf8(path);
   return text;
-}
-
-bool NoUserStoreYet() {
-  const std::string file = vglobal::SettingsStorePath(HKEY_CURRENT_USER);
-  auto probe = vglobal::OpenSqliteSettingsStore(file, vglobal::SettingsFileKind::User, false);
-  const vglobal::SettingsStoreStatus status = probe->Status();
-  if (status.state == vglobal::SettingsStoreState::Unusable)
-    Fail(kUnavailable, file + ": " + status.reason);
-  return status.state == vglobal::SettingsStoreState::Absent;
 }
 
 std::string ValueText(const vglobal::SettingsValue& value) {

@@ -26,10 +26,17 @@ enum ExitCode : int {
 [[noreturn]] void Fail(vglobal::SettingsError error, const std::string& what);
 
 // The store of the user (or with `machine`, of the machine) as a command needs it.
-// Reading commands never create a store file; writing commands create the user's
-// store when it is missing, never the machine store (see the init command). Ends the
-// command when the store cannot serve it.
-enum class Access { Read, Write };
+// Each command opens its store once, through this, and puts it in force for the
+// library's own readers and writers, so that the file is never open twice in the
+// command (a second connection could checkpoint into a file the first found damaged).
+//   Read:   opened read-only; nothing is ever created, written or checkpointed.
+//   Change: writes to an existing store; a missing one stays missing.
+//   Create: writes, creating the user's store when it is missing (never the machine
+//           store: see the init command).
+// For the user's store, Read and Change return null when the user has no store file
+// yet (an empty store: nothing to show, nothing to change). Ends the command when the
+// store cannot serve it.
+enum class Access { Read, Change, Create };
 std::shared_ptr<vglobal::SettingsStore> OpenStore(bool machine, Access access);
 
 // The path from the root of a key path typed by the user (UTF-8), after the suite's
@@ -40,11 +47,6 @@ std::string DisplayPath(bool machine, const std::wstring& path);
 
 // The text of a value as `query` prints it (beside its TypeName).
 std::string ValueText(const vglobal::SettingsValue& value);
-
-// True when the user has no store file yet: an empty store, which reading commands
-// show as such without creating the file. Ends the command when the file is there
-// but cannot be used.
-bool NoUserStoreYet();
 
 // Each command adds itself to the application.
 void AddQueryCommand(CLI::App& app);
