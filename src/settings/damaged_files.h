@@ -1,10 +1,12 @@
-// Store files found damaged in this process.
+// Store files open in this process, and which of them were found damaged.
 //
 // SQLite notices most damage only when a read or write reaches the damaged page, and a
-// process may hold the same file open through more than one store object (a tool's
-// probe and its working store, say). Once any of them sees the damage, all of them must
-// stop writing and must not checkpoint into the file as they close: the file is marked
-// here, by device and inode, and every store object of that file consults the mark.
+// process may hold the same file open through more than one store object. Once any of
+// them sees the damage, all of them must stop writing and must not checkpoint into the
+// file as they close: the file is marked here, by device and inode, and every store
+// object of that file consults the mark. A mark lasts while any store object has the
+// file open; the next store object to open it after that looks at the file afresh (its
+// inode may by then belong to another file).
 #pragma once
 
 #include <sys/types.h>
@@ -24,7 +26,12 @@ struct FileIdentity {
 // The identity of the file at `path` (links followed), if it exists.
 std::optional<FileIdentity> IdentifyFile(const std::string& path);
 
-// Records that the file is damaged; the first reason recorded is kept.
+// A store object has the file open, and has closed it again.
+void NoteFileOpen(const FileIdentity& file);
+void NoteFileClosed(const FileIdentity& file);
+
+// Records that the file is damaged, if any store object has it open; the first reason
+// recorded is kept.
 void MarkFileDamaged(const FileIdentity& file, const std::string& reason);
 // The reason the file was marked damaged, if it was.
 std::optional<std::string> FileDamage(const FileIdentity& file);

@@ -190,6 +190,7 @@ void SqliteStore::OpenLocked() {
       file_.reset();
       return;
     }
+    NoteFileOpen(*file_);
   }
   damageEpoch_ = DamageEpoch();
   const std::string error = ConnectLocked(file.state == FileState::Empty);
@@ -390,6 +391,8 @@ void SqliteStore::CloseLocked() {
   }
   sqlite3_close_v2(db_);  // an open transaction is rolled back
   db_ = nullptr;
+  if (file_) NoteFileClosed(*file_);
+  file_.reset();
   generations_ = false;
   DropCacheLocked();
 }
