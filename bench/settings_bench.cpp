@@ -266,6 +266,105 @@ void BM_WriteComponent_Sqlite(benchmark::State& state) {
 }
 BENCHMARK(BM_WriteComponent_Sqlite)->Unit(benchmark::kMillisecond);
 
+// ---- The memory store: batches and size --------------------------------------
+// A batch's cost must not depend on how much the store already holds: the same batch
+// of 10,000 values into a store of 10^6 values and into an empty one, in one run.
+
+constexpr int kBigKeys = 1000, kBigValuesPerKey = 1000;  // 10^6 values
+constexpr int kBatchValues = 10000;
+
+std::vector<vglobal::SettingsChange> ValueBatch(const std::wstring& path, int first, int count) {
+  std::vector<vglobal::SettingsChange> changes;
+  changes.reserve(count);
+  for (int i = first; i < first + count; ++i) {
+    changes.push_back({vglobal::SettingsChange::Kind::WriteValue, path,
+                       L"Value " + std::to_wstring(i), vglobal::SettingsValue::Int(i)});
+  }
+  return changes;
+}
+
+// 10^6 values over 1000 keys, written one by one (byBatch false) or as batches of
+// 10,000 values (ten keys each).
+std::shared_ptr<vglobal::SettingsStore> BuildBigMemoryStore(bool byBatch) {
+  auto store = vglobal::MakeMemorySettingsStore();
+  const auto path = [](int k) { return L"Filler\\Key " + std::to_wstring(k); };
+  constexpr int kKeysPerBatch = kBatchValues / kBigValuesPerKey;
+  for (int k = 0; byBatch && k < kBigKeys; k += kKeysPerBatch) {
+    std::vector<vglobal::SettingsChange> batch;
+    for (int j = k; j < k + kKeysPerBatch; ++j) {
+      auto part = ValueBatch(path(j), 0, kBigValuesPerKey);
+      batch.insert(batch.end(), part.begin(), part.end());
+    }
+    if (!store->Apply(batch).ok()) return nullptr;
+  }
+  for (int k = 0; !byBatch && k < kBigKeys; ++k) {
+    const auto key = store->CreateKey(vglobal::kSettingsRootKey, path(k));
+    if (!key) return nullptr;
+    for (int v = 0; v < kBigValuesPerKey; ++v) {
+      store->WriteValue(*key, L"Value " + std::to_wstring(v), vglobal::SettingsValue::Int(v));
+    }
+  }
+  return store;
+}
+
+// Applies `batch` to `store`, then takes the batch's key away again; the seconds the
+// Apply took, or a negative number when it did not do what was expected.
+double TimeBatch(vglobal::SettingsStore& store, const std::vector<vglobal::SettingsChange>& batch,
+                 bool expectOk) {
+  const auto start = std::chrono::steady_clock::now();
+  const bool ok = store.Apply(batch).ok();
+  const double seconds =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  if (const auto key = store.FindKey(vglobal::kSettingsRootKey, L"Batch")) store.DeleteKey(*key);
+  return ok == expectOk ? seconds : -1.0;
+}
+
+void BM_Batch10k_MemoryStore(benchmark::State& state) {
+  static const std::shared_ptr<vglobal::SettingsStore> big = BuildBigMemoryStore(false);
+  if (!big) return state.SkipWithError("the big store could not be built");
+  std::vector<vglobal::SettingsChange> batch;  // 100 keys of 100 values
+  for (int k = 0; k < 100; ++k) {
+    auto part = ValueBatch(L"Batch\\Key " + std::to_wstring(k), 0, kBatchValues / 100);
+    batch.insert(batch.end(), part.begin(), part.end());
+  }
+  double bigMs = 0;
+  for (auto _ : state) {
+    const double seconds = TimeBatch(*big, batch, true);
+    if (seconds < 0) return state.SkipWithError("batch failed");
+    state.SetIterationTime(seconds);
+    bigMs += 1000.0 * seconds;
+  }
+  bigMs /= static_cast<double>(state.iterations());
+  // The same batch into empty stores, and a batch failing at its last change (undone
+  // whole) into the big store.
+  constexpr int kRounds = 10;
+  double emptyMs = 0, failedMs = 0;
+  auto failing = batch;
+  failing.push_back({vglobal::SettingsChange::Kind::CreateKey, L"Batch\\\\Bad", {}, {}});
+  for (int i = 0; i < kRounds; ++i) {
+    auto empty = vglobal::MakeMemorySettingsStore();
+    emptyMs += 1000.0 * TimeBatch(*empty, batch, true) / kRounds;
+    failedMs += 1000.0 * TimeBatch(*big, failing, false) / kRounds;
+  }
+  state.counters["big_ms"] = bigMs;
+  state.counters["empty_ms"] = emptyMs;
+  state.counters["ratio"] = bigMs / emptyMs;
+  state.counters["failed_big_ms"] = failedMs;
+}
+BENCHMARK(BM_Batch10k_MemoryStore)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// Building a store of 10^6 values: Arg 0 writes them one by one, Arg 1 as batches.
+void BM_Build_MemoryStore(benchmark::State& state) {
+  for (auto _ : state) {
+    auto store = BuildBigMemoryStore(state.range(0) != 0);
+    if (!store) return state.SkipWithError("the store could not be built");
+    state.PauseTiming();
+    store.reset();  // freeing the store is not building it
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(BM_Build_MemoryStore)->Arg(0)->Arg(1)->Iterations(1)->Unit(benchmark::kMillisecond);
+
 }  // namespace
 
 BENCHMARK_MAIN();
