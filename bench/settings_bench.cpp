@@ -5,6 +5,7 @@
 //
 // Run: build/release/bench/settings_bench
 #include <benchmark/benchmark.h>
+#include <sqlite3.h>
 #include <stdlib.h>
 
 #include <chrono>
@@ -12,6 +13,7 @@
 #include <map>
 #include <variant>
 
+#include "vglobal/compat/unicode.h"
 #include "vglobal/fileio.h"
 #include "vglobal/methoddefaults.h"
 #include "vglobal/settings.h"
@@ -44,6 +46,7 @@ class BenchStore {
     store_ =
         vglobal::OpenSqliteSettingsStore(dir_ + "/user.db", vglobal::SettingsFileKind::User, true);
     vglobal::SetSettingsStore(HKEY_CURRENT_USER, store_);
+    vglobal::SettingsTransaction fill(store_);
     for (int k = 0; k < kFillerKeys; ++k) {
       CVRegKey filler(HKEY_CURRENT_USER, (L"Filler\\Key " + std::to_wstring(k)).c_str(), 1, 1);
       for (int v = 0; v < kFillerValuesPerKey; ++v) {
@@ -56,6 +59,7 @@ class BenchStore {
       for (int i = 0; i < kDoublesPerKey; ++i) key.WriteDouble(DoubleName(i).c_str(), i * 0.25);
       for (int i = 0; i < kStringsPerKey; ++i) key.WriteStr(StringName(i).c_str(), L"some text");
     }
+    fill.Commit();
   }
   ~BenchStore() {
     vglobal::SetSettingsStore(HKEY_CURRENT_USER, nullptr);
@@ -63,13 +67,16 @@ class BenchStore {
     std::filesystem::remove_all(dir_);
   }
 
+  std::string file() const { return dir_ + "/user.db"; }
+
  private:
   std::string dir_;
   std::shared_ptr<vglobal::SettingsStore> store_;
 };
 
-void UseBenchStore() {
+const BenchStore& UseBenchStore() {
   static BenchStore store;
+  return store;
 }
 
 // The baseline: the same keys and values in a std::map, read into the same kinds of
@@ -265,6 +272,117 @@ void BM_WriteComponent_Sqlite(benchmark::State& state) {
   for (auto _ : state) WriteComponentInfo(&c, vglobal::kWriteWholeComponent);
 }
 BENCHMARK(BM_WriteComponent_Sqlite)->Unit(benchmark::kMillisecond);
+
+// ---- Reading right after another program wrote -----------------------------
+
+// The same read pattern on a connection of raw SQLite: each key found by walking its
+// path, each value read by name and type, in one read transaction. No cache, so
+// another program's writes cost it nothing extra.
+class RawReader {
+ public:
+  explicit RawReader(const std::string& file) {
+    sqlite3_open_v2(file.c_str(), &db_, SQLITE_OPEN_READONLY, nullptr);
+    sqlite3_prepare_v2(db_, "SELECT id FROM settings_key WHERE parent = ?1 AND folded = ?2", -1,
+                       &child_, nullptr);
+    sqlite3_prepare_v2(db_, "SELECT type, data FROM settings_value WHERE key = ?1 AND folded = ?2",
+                       -1, &value_, nullptr);
+    for (int k = 0; k < kMethodKeys; ++k) {
+      const auto names = vglobal::SplitSettingsPath(vglobal::ResolveSettingsPath(MethodKeyPath(k)));
+      std::vector<std::string> folded;
+      for (const std::wstring& name : *names) {
+        folded.push_back(vglobal::WideToUtf8(vglobal::FoldCase(name)));
+      }
+      paths_.push_back(folded);
+    }
+    auto fold = [](const std::wstring& n) { return vglobal::WideToUtf8(vglobal::FoldCase(n)); };
+    for (int i = 0; i < kIntsPerKey; ++i) values_.push_back(fold(IntName(i)));
+    for (int i = 0; i < kDoublesPerKey; ++i) values_.push_back(fold(DoubleName(i)));
+    for (int i = 0; i < kStringsPerKey; ++i) values_.push_back(fold(StringName(i)));
+  }
+  ~RawReader() {
+    sqlite3_finalize(child_);
+    sqlite3_finalize(value_);
+    sqlite3_close(db_);
+  }
+  // The number of values found.
+  int ReadMethod() {
+    int found = 0;
+    sqlite3_exec(db_, "BEGIN", nullptr, nullptr, nullptr);
+    for (const auto& path : paths_) {
+      sqlite3_int64 id = vglobal::kSettingsRootKey;
+      for (const std::string& name : path) {
+        sqlite3_bind_int64(child_, 1, id);
+        sqlite3_bind_text(child_, 2, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
+        id = sqlite3_step(child_) == SQLITE_ROW ? sqlite3_column_int64(child_, 0) : 0;
+        sqlite3_reset(child_);
+      }
+      for (const std::string& name : values_) {
+        sqlite3_bind_int64(value_, 1, id);
+        sqlite3_bind_text(value_, 2, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
+        if (sqlite3_step(value_) == SQLITE_ROW) {
+          found += sqlite3_column_int(value_, 0) > 0 && sqlite3_column_bytes(value_, 1) >= 0;
+        }
+        sqlite3_reset(value_);
+      }
+    }
+    sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr);
+    return found;
+  }
+
+ private:
+  sqlite3* db_ = nullptr;
+  sqlite3_stmt *child_ = nullptr, *value_ = nullptr;
+  std::vector<std::vector<std::string>> paths_;
+  std::vector<std::string> values_;
+};
+
+template <typename F>
+double MicrosPerCall(int rounds, F&& f) {
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < rounds; ++i) benchmark::DoNotOptimize(f());
+  return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start)
+             .count() /
+         rounds;
+}
+
+// The default-method read pattern, each time right after another program (a second
+// connection to the same file) wrote one value: Arg 0 a value of an unrelated key, Arg
+// 1 a value of one of the pattern's keys. Beside it, in the same run, the warm pattern
+// (nothing written in between) and raw SQLite reading the same values.
+void BM_ReadMethodAfterForeignWrite_Sqlite(benchmark::State& state) {
+  const BenchStore& bench = UseBenchStore();
+  auto other = vglobal::OpenSqliteSettingsStore(bench.file(), vglobal::SettingsFileKind::User,
+                                                vglobal::SettingsOpenMode::ReadWrite);
+  const bool patternKey = state.range(0) != 0;
+  const auto key = other->FindKey(
+      vglobal::kSettingsRootKey,
+      vglobal::ResolveSettingsPath(patternKey ? MethodKeyPath(7) : L"Filler\\Key 500"));
+  if (!key) return state.SkipWithError("no key to write");
+  const std::wstring name = patternKey ? IntName(2) : L"Value 3";
+  Method m;
+  if (!ReadMethodFromStore(m)) return state.SkipWithError("method not readable");
+  int i = 0;
+  double afterUs = 0;
+  for (auto _ : state) {
+    state.PauseTiming();
+    other->WriteValue(*key, name, vglobal::SettingsValue::Int(patternKey ? 2 : ++i));
+    state.ResumeTiming();
+    const auto start = std::chrono::steady_clock::now();
+    benchmark::DoNotOptimize(ReadMethodFromStore(m));
+    afterUs +=
+        std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count();
+  }
+  afterUs /= static_cast<double>(state.iterations());
+  const double warmUs = MicrosPerCall(2000, [&] { return ReadMethodFromStore(m); });
+  RawReader raw(bench.file());
+  const double rawUs = MicrosPerCall(2000, [&] { return raw.ReadMethod(); });
+  state.counters["after_us"] = afterUs;
+  state.counters["warm_us"] = warmUs;
+  state.counters["raw_sqlite_us"] = rawUs;
+  state.counters["to_warm"] = afterUs / warmUs;
+  state.counters["to_raw"] = afterUs / rawUs;
+}
+BENCHMARK(BM_ReadMethodAfterForeignWrite_Sqlite)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 
 // ---- The memory store: batches and size --------------------------------------
 // A batch's cost must not depend on how much the store already holds: the same batch

@@ -254,6 +254,7 @@ std::string SqliteStore::ConnectLocked(bool initialise) {
 
   const std::pair<Statement*, std::string_view> statements[] = {
       {&st_.begin, "BEGIN IMMEDIATE"},
+      {&st_.beginRead, "BEGIN"},
       {&st_.commit, "COMMIT"},
       {&st_.rollback, "ROLLBACK"},
       {&st_.dataVersion, "PRAGMA data_version"},
@@ -280,7 +281,9 @@ std::string SqliteStore::ConnectLocked(bool initialise) {
   }
   if (generations_) {
     const std::pair<Statement*, std::string_view> changes[] = {
-        {&st_.lastGeneration, "SELECT coalesce(max(generation), 0) FROM settings_change"},
+        // max() alone, so that SQLite takes it from the end of the index; NULL
+        // (read as 0) when nothing was recorded yet.
+        {&st_.lastGeneration, "SELECT max(generation) FROM settings_change"},
         {&st_.changedSince, "SELECT key FROM settings_change WHERE generation > ?1"},
         {&st_.recordChange,
          "INSERT INTO settings_change (key, generation) VALUES (?1, ?2) "
@@ -377,10 +380,10 @@ std::string SqliteStore::UpgradeLocked() {
 
 void SqliteStore::CloseLocked() {
   for (Statement* s :
-       {&st_.begin, &st_.commit, &st_.rollback, &st_.dataVersion, &st_.keyExists, &st_.findChild,
-        &st_.insertKey, &st_.keyValues, &st_.subkeys, &st_.branch, &st_.deleteKey, &st_.upsertValue,
-        &st_.deleteValue, &st_.deleteValues, &st_.lastGeneration, &st_.changedSince,
-        &st_.recordChange, &st_.forgetChange}) {
+       {&st_.begin, &st_.beginRead, &st_.commit, &st_.rollback, &st_.dataVersion, &st_.keyExists,
+        &st_.findChild, &st_.insertKey, &st_.keyValues, &st_.subkeys, &st_.branch, &st_.deleteKey,
+        &st_.upsertValue, &st_.deleteValue, &st_.deleteValues, &st_.lastGeneration,
+        &st_.changedSince, &st_.recordChange, &st_.forgetChange}) {
     s->Finalize();
   }
   // The last connection to close checkpoints the log into the file, which must not
@@ -526,14 +529,14 @@ void SqliteStore::RefreshCacheLocked() {
   const bool outside = sqlite3_get_autocommit(db_) != 0;
   // The version and the generations are read in one read transaction, so that the
   // keys found changed are exactly those of the commits the version counts.
-  if (outside) sqlite3_exec(db_, "BEGIN", nullptr, nullptr, nullptr);
+  if (outside) Query(st_.beginRead).Step();
   Query q(st_.dataVersion);
   const int rc = q.Step();
   bool current = rc == SQLITE_ROW && q.Int(0) == dataVersion_;
   if (rc == SQLITE_ROW && !current) current = DropChangedLocked();
   if (rc == SQLITE_ROW) dataVersion_ = q.Int(0);
   q.Reset();
-  if (outside) sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr);
+  if (outside) Query(st_.commit).Step();
   if (rc != SQLITE_ROW) FromSqlite(rc);
   if (!current) {
     DropCacheLocked();

@@ -155,7 +155,7 @@ class SqliteStore final : public SettingsStore {
   bool syncWanted_ = false;
 
   struct Statements {
-    Statement begin, commit, rollback, dataVersion;
+    Statement begin, beginRead, commit, rollback, dataVersion;
     Statement keyExists, findChild, insertKey, keyValues, subkeys, branch, deleteKey;
     Statement upsertValue, deleteValue, deleteValues;
     // Change generations; prepared only when the file has them.
