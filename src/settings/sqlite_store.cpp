@@ -12,6 +12,7 @@
 //   9. Check       the integrity report
 #include "settings/sqlite_store.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <thread>
@@ -284,7 +285,7 @@ std::string SqliteStore::ConnectLocked(bool initialise) {
         // max() alone, so that SQLite takes it from the end of the index; NULL
         // (read as 0) when nothing was recorded yet.
         {&st_.lastGeneration, "SELECT max(generation) FROM settings_change"},
-        {&st_.changedSince, "SELECT key FROM settings_change WHERE generation > ?1"},
+        {&st_.changedSince, "SELECT key, generation FROM settings_change WHERE generation > ?1"},
         {&st_.recordChange,
          "INSERT INTO settings_change (key, generation) VALUES (?1, ?2) "
          "ON CONFLICT (key) DO UPDATE SET generation = excluded.generation"},
@@ -557,24 +558,27 @@ bool SqliteStore::DropChangedLocked() {
     }
     return false;
   }
-  Query last(st_.lastGeneration);
-  if (last.Step() != SQLITE_ROW) return false;
-  const std::int64_t newest = last.Int(0);
-  if (newest <= seenGeneration_) {
-    seenGeneration_ = newest;
-    return false;
-  }
   Query q(st_.changedSince);
   q.Bind(1, seenGeneration_);
+  std::int64_t newest = seenGeneration_;
   bool tree = false;
   for (int rc; (rc = q.Step()) != SQLITE_DONE;) {
     if (rc != SQLITE_ROW) return false;
     const SettingsKeyId key = q.Int(0);
+    newest = std::max(newest, q.Int(1));
     if (key == kTreeChange) {
       tree = true;
     } else {
       values_.erase(key);
     }
+  }
+  if (newest == seenGeneration_) {
+    // No generation came: the commit was made by a program that keeps none, or the
+    // file was put back to an older state: the whole cache goes, and counting starts
+    // again from the file's newest generation.
+    Query last(st_.lastGeneration);
+    seenGeneration_ = last.Step() == SQLITE_ROW ? last.Int(0) : -1;
+    return false;
   }
   seenGeneration_ = newest;
   if (tree) {
