@@ -265,6 +265,128 @@ TEST(SqliteStore, ZeroLengthFileBecomesAnEmptyStore) {
   EXPECT_EQ(store->WriteValue(kSettingsRootKey, L"v", SettingsValue::Int(1)), SettingsError::None);
 }
 
+// ---- What the file is, and what its header says of it ------------------------
+
+TEST(SqliteStore, WhatIsNotARegularFileIsRefusedWithoutWaitingOnIt) {
+  TempDir dir;
+  ASSERT_EQ(mkfifo((dir / "fifo.db").c_str(), 0600), 0);
+  std::filesystem::create_directory(dir / "folder.db");
+  std::filesystem::create_symlink(dir / "fifo.db", dir / "link.db");
+  // In a child under an alarm: opening a FIFO for reading waits for a writer forever.
+  const pid_t child = Spawn([&] {
+    alarm(10);
+    const std::pair<std::string, const char*> cases[] = {{dir / "fifo.db", "(a FIFO)"},
+                                                         {dir / "link.db", "(a FIFO)"},
+                                                         {dir / "folder.db", "(a folder)"},
+                                                         {"/dev/null", "(a character device)"}};
+    int failed = 0;
+    for (const auto& [path, kind] : cases) {
+      ++failed;
+      const auto status = UserStore(path)->Status();
+      if (status.state != SettingsStoreState::Unusable ||
+          status.reason != std::string("not a regular file ") + kind) {
+        return failed;
+      }
+    }
+    return 0;
+  });
+  EXPECT_EQ(Wait(child), 0) << "-1: it hung; n: case n was not refused by its kind";
+}
+
+std::uint32_t Be32At(const std::vector<char>& bytes, std::size_t at) {
+  std::uint32_t v = 0;
+  for (std::size_t i = at; i < at + 4; ++i) v = v << 8 | static_cast<unsigned char>(bytes[i]);
+  return v;
+}
+
+void SetBe32(std::vector<char>& bytes, std::size_t at, std::uint32_t v) {
+  for (std::size_t i = 0; i < 4; ++i) bytes[at + i] = static_cast<char>(v >> (24 - 8 * i));
+}
+
+TEST(SqliteStore, HeaderThatContradictsItselfOrTheFileIsRefusedAsCorrupt) {
+  TempDir dir;
+  {
+    auto store = UserStore(dir / "sound.db");
+    const auto key = *store->CreateKey(kSettingsRootKey, L"Bulk");
+    for (int i = 0; i < 40; ++i) {
+      store->WriteValue(key, std::to_wstring(i),
+                        SettingsValue::Binary(std::vector<std::uint8_t>(2000, 7)));
+    }
+    ASSERT_EQ(store->DeleteKey(key), SettingsError::None);  // leaves free pages
+  }
+  const std::vector<char> sound = FileBytes(dir / "sound.db");
+  const std::uint32_t pages = Be32At(sound, 28);
+  ASSERT_EQ(pages * 4096ull, sound.size());
+  ASSERT_GT(Be32At(sound, 36), 0u);
+  const std::pair<const char*, std::function<void(std::vector<char>&)>> damages[] = {
+      {"page count halved", [&](auto& b) { SetBe32(b, 28, pages / 2); }},
+      {"a partial page at the end, count untrusted",
+       [](auto& b) {
+         b.resize(b.size() + 100);
+         b[92] ^= 1;
+       }},
+      {"free list beyond the last page", [&](auto& b) { SetBe32(b, 32, pages + 1); }},
+      {"every page free", [&](auto& b) { SetBe32(b, 36, pages); }},
+      {"free list without a count", [](auto& b) { SetBe32(b, 36, 0); }},
+      {"a count without a free list", [](auto& b) { SetBe32(b, 32, 0); }},
+  };
+  for (const auto& [what, damage] : damages) {
+    std::vector<char> bytes = sound;
+    damage(bytes);
+    const std::string path = dir / (std::string(what) + ".db");
+    settings_test::WriteFileBytes(path, bytes);
+    const auto status = UserStore(path)->Status();
+    EXPECT_EQ(status.state, SettingsStoreState::Unusable) << what;
+    EXPECT_EQ(status.reason.rfind("corrupt: ", 0), 0u) << what << ": " << status.reason;
+    EXPECT_EQ(FileBytes(path), bytes) << what;
+  }
+}
+
+TEST(SqliteStore, StoreBeingWrittenByAnotherProcessAlwaysOpens) {
+  TempDir dir;
+  const std::string path = dir / "user.db";
+  UserStore(path);
+  int stop[2], started[2];
+  ASSERT_EQ(pipe2(stop, O_NONBLOCK), 0);
+  ASSERT_EQ(pipe(started), 0);
+  // Each round opens and closes the store, so that its log is checkpointed (a few
+  // hundred pages at a time), removed and made again; the deletes fill the free list.
+  // The writer stops when this process closes its end of `stop`.
+  const pid_t child = Spawn([&] {
+    close(stop[1]);
+    close(started[0]);
+    char c;
+    for (int round = 0; read(stop[0], &c, 1) < 0 && errno == EAGAIN; ++round) {
+      auto store = UserStore(path);
+      const auto key = store->CreateKey(kSettingsRootKey, L"Live");
+      for (int i = 0; key.ok() && i < 20; ++i) {
+        store->WriteValue(*key, std::to_wstring(round * 20 + i),
+                          SettingsValue::Binary(std::vector<std::uint8_t>(30000, 1)));
+      }
+      if (round % 5 == 4 && key.ok()) store->DeleteKey(*key);
+      if (round == 2 && write(started[1], "x", 1) != 1) return 1;
+    }
+    return 0;
+  });
+  close(stop[0]);
+  close(started[1]);
+  char c;
+  const bool running = read(started[0], &c, 1) == 1;
+  std::string refused;
+  for (int i = 0; running && i < 300 && refused.empty(); ++i) {
+    const auto status = UserStore(path)->Status();
+    if (status.state != SettingsStoreState::Writable) {
+      refused = "open " + std::to_string(i) + ": " + status.reason;
+    }
+  }
+  close(stop[1]);
+  close(started[0]);
+  EXPECT_EQ(Wait(child), 0);
+  EXPECT_TRUE(running);
+  EXPECT_EQ(refused, "");
+  EXPECT_TRUE(UserStore(path)->Check().ok());
+}
+
 // ---- The machine store -------------------------------------------------------
 
 TEST(SqliteStore, MissingMachineStoreIsNeverCreated) {
