@@ -19,6 +19,12 @@ Json Sections(const std::vector<vglobal::SectionResult>& results) {
   return j;
 }
 
+// The text of `j`. A stored string may hold an unpaired surrogate, which is not Unicode
+// and which JSON cannot carry: it shows as U+FFFD.
+std::string Dump(const Json& j, int indent) {
+  return j.dump(indent, ' ', false, Json::error_handler_t::replace);
+}
+
 // Reads what `defaults show` shows: the records as the applications would get them.
 Json ReadDefaults() {
   CProcMethod method;
@@ -44,7 +50,7 @@ void PrintFields(const Json& j, const std::string& prefix) {
       if (it->empty()) std::cout << "  " << name << " = (none)\n";
       PrintFields(*it, name);
     } else {
-      std::cout << "  " << name << " = " << it->dump() << '\n';
+      std::cout << "  " << name << " = " << Dump(*it, -1) << '\n';
     }
   }
 }
@@ -184,7 +190,7 @@ void AddDefaultsCommand(CLI::App& app) {
     }
     const Json defaults = ReadDefaults();
     if (*json)
-      std::cout << defaults.dump(2) << '\n';
+      std::cout << Dump(defaults, 2) << '\n';
     else
       PrintText(defaults);
   });

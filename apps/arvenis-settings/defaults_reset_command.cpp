@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "tool.h"
+#include "typed_text.h"
 #include "vglobal/compat/unicode.h"
 #include "vglobal/vglobal.h"
 
@@ -67,15 +68,16 @@ void AddDefaultsResetCommand(CLI::App& defaults) {
     std::string what = "all stored defaults";
     if (!o->section.empty()) {
       const std::vector<std::wstring> sections = KnownSections();
-      const std::wstring wanted = vglobal::FoldCase(vglobal::Utf8ToWide(o->section));
+      const std::wstring wanted =
+          vglobal::FoldCase(vglobal::Utf8ToWide(Utf8Argument(o->section, "SECTION")));
       const auto match = std::find_if(sections.begin(), sections.end(), [&](const auto& s) {
         return vglobal::FoldCase(s) == wanted;
       });
       if (match == sections.end()) {
         std::string known;
         for (const std::wstring& s : sections) known += "\n  " + vglobal::WideToUtf8(s);
-        Fail(kBadInput,
-             "no section \"" + o->section + "\" in the defaults; the sections are:" + known);
+        Fail(kBadInput, "no section \"" + Escaped(o->section) +
+                            "\" in the defaults; the sections are:" + known);
       }
       path += L"\\" + *match;
       what = "the stored defaults of section \"" + vglobal::WideToUtf8(*match) + "\"";

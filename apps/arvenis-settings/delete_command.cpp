@@ -2,6 +2,7 @@
 #include <optional>
 
 #include "tool.h"
+#include "typed_text.h"
 #include "vglobal/compat/unicode.h"
 
 namespace arvenis_settings {
@@ -23,8 +24,9 @@ void AddDeleteCommand(CLI::App& app) {
   command->add_option("PATH", o->path, "Key path")->required();
   command->add_option("NAME", o->name, "Value name; without it the whole key is deleted");
   command->callback([o] {
+    const std::wstring path = KeyPath(Utf8Argument(o->path, "PATH"));
+    if (o->name) Utf8Argument(*o->name, "NAME");
     auto store = OpenStore(o->machine, Access::Change);
-    const std::wstring path = KeyPath(o->path);
     const std::string where = DisplayPath(o->machine, path);
     const auto key = store->FindKey(vglobal::kSettingsRootKey, path);
     if (!key) Fail(key.error(), where);

@@ -14,6 +14,7 @@
 #include "reg_file_writer.h"
 #include "store_transfer.h"
 #include "tool.h"
+#include "typed_text.h"
 
 namespace arvenis_settings {
 namespace {
@@ -34,7 +35,7 @@ void WriteFile(const std::string& file, const std::string& bytes) {
       (target.parent_path().empty() ? std::filesystem::path(".") : target.parent_path()) /
       ("." + target.filename().string() + ".XXXXXX");
   const int fd = mkstemp(scratch.data());
-  if (fd < 0) Fail(kBadInput, "cannot write " + file + ": " + std::strerror(errno));
+  if (fd < 0) Fail(kBadInput, "cannot write " + Escaped(file) + ": " + std::strerror(errno));
   std::size_t done = 0;
   while (done < bytes.size()) {
     const ssize_t n = write(fd, bytes.data() + done, bytes.size() - done);
@@ -46,7 +47,7 @@ void WriteFile(const std::string& file, const std::string& bytes) {
   if (close(fd) != 0 || error != 0 || std::rename(scratch.c_str(), file.c_str()) != 0) {
     const int reason = error != 0 ? error : errno;
     unlink(scratch.c_str());
-    Fail(kBadInput, "cannot write " + file + ": " + std::strerror(reason));
+    Fail(kBadInput, "cannot write " + Escaped(file) + ": " + std::strerror(reason));
   }
 }
 
@@ -54,7 +55,8 @@ ExportBranch Branch(const ExportOptions& o, const std::wstring& path) {
   const std::string where = DisplayPath(o.machine, path);
   auto store = OpenStore(o.machine, Access::Read);
   if (!store) {
-    if (!o.path.empty()) Fail(kBadInput, where + ": no such key (no settings are stored yet)");
+    if (!o.path.empty())
+      Fail(kBadInput, Escaped(where) + ": no such key (no settings are stored yet)");
     std::cerr << "arvenis-settings: no settings are stored yet ("
               << vglobal::SettingsStorePath(HKEY_CURRENT_USER) << ")\n";
     return {};
@@ -85,9 +87,9 @@ void AddExportCommand(CLI::App& app) {
   command->add_flag("--json", o->json, "Write JSON instead of a registry file")->excludes(utf8);
   command->callback([o] {
     const Root root = o->machine ? Root::LocalMachine : Root::CurrentUser;
-    const std::wstring path = KeyPath(o->path);
+    const std::wstring path = KeyPath(Utf8Argument(o->path, "PATH"));
     if (!InSuiteKeys(path)) {
-      Fail(kBadInput, DisplayPath(o->machine, path) +
+      Fail(kBadInput, Escaped(DisplayPath(o->machine, path)) +
                           ": outside the suite's keys; only keys below Software\\Ostrel are "
                           "exported");
     }
@@ -95,12 +97,12 @@ void AddExportCommand(CLI::App& app) {
     std::string bytes;
     if (o->json) {
       JsonOutput out = WriteJson(branch, root);
-      if (!out.ok()) Fail(kBadInput, out.error);
+      if (!out.ok()) Fail(kBadInput, Escaped(out.error));
       bytes = std::move(out.text);
     } else {
       RegFileOutput out =
           WriteRegFile(branch, root, o->utf8 ? RegEncoding::Utf8 : RegEncoding::Utf16);
-      if (!out.ok()) Fail(kBadInput, out.error);
+      if (!out.ok()) Fail(kBadInput, Escaped(out.error));  // names key and value
       bytes = std::move(out.bytes);
     }
     if (o->output.empty() || o->output == "-") {

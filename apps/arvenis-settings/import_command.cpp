@@ -27,7 +27,7 @@ std::string ReadInput(const std::string& file) {
   std::ifstream opened;
   if (file != "-") {
     opened.open(file, std::ios::binary);
-    if (!opened) Fail(kBadInput, "cannot read " + file + ": " + std::strerror(errno));
+    if (!opened) Fail(kBadInput, "cannot read " + Escaped(file) + ": " + std::strerror(errno));
   }
   std::istream& in = file == "-" ? std::cin : opened;
   std::string bytes;
@@ -35,10 +35,10 @@ std::string ReadInput(const std::string& file) {
   while (in.read(buffer, sizeof buffer) || in.gcount() > 0) {
     bytes.append(buffer, static_cast<std::size_t>(in.gcount()));
     if (bytes.size() > kMaxImportFileBytes) {
-      Fail(kBadInput, file + ": larger than 256 MiB, far more than any settings export");
+      Fail(kBadInput, Escaped(file) + ": larger than 256 MiB, far more than any settings export");
     }
   }
-  if (in.bad()) Fail(kBadInput, "cannot read " + file);
+  if (in.bad()) Fail(kBadInput, "cannot read " + Escaped(file));
   return bytes;
 }
 
@@ -72,7 +72,8 @@ void AddImportCommand(CLI::App& app) {
     // nothing, and does not make a store for a user who has none.
     const ImportPlan plan = o->json ? ParseJson(bytes, root) : ParseRegFile(bytes, root);
     if (!plan.ok()) {
-      Fail(kBadInput, o->file + ": " + plan.error->Text() + "; nothing was imported");
+      // The message may quote the file's text: a name holding a control character.
+      Fail(kBadInput, Escaped(o->file + ": " + plan.error->Text()) + "; nothing was imported");
     }
     auto store = OpenStore(o->machine, Access::Create);
     const vglobal::SettingsApplyResult result = store->Apply(plan.changes);
@@ -84,7 +85,7 @@ void AddImportCommand(CLI::App& app) {
       Fail(result.error, what);
     }
     if (auto e = store->Sync(); e != vglobal::SettingsError::None) Fail(e, "sync");
-    std::cerr << "arvenis-settings: " << o->file << ": " << CountValueWrites(plan)
+    std::cerr << "arvenis-settings: " << Escaped(o->file) << ": " << CountValueWrites(plan)
               << " values imported into " << store->Location() << '\n';
   });
 }

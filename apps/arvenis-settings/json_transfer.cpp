@@ -185,6 +185,30 @@ class PointerFinder {
   std::vector<Level> stack_;
 };
 
+// Where the parser gave up, for an error that carries no place of its own (a number
+// too large for a double): the start of the token it could not take.
+class ErrorFinder {
+ public:
+  std::size_t at = 0;
+
+  bool null() { return true; }
+  bool boolean(bool) { return true; }
+  bool number_integer(Json::number_integer_t) { return true; }
+  bool number_unsigned(Json::number_unsigned_t) { return true; }
+  bool number_float(Json::number_float_t, const Json::string_t&) { return true; }
+  bool string(Json::string_t&) { return true; }
+  bool binary(Json::binary_t&) { return true; }
+  bool start_object(std::size_t) { return true; }
+  bool start_array(std::size_t) { return true; }
+  bool key(Json::string_t&) { return true; }
+  bool end_object() { return true; }
+  bool end_array() { return true; }
+  bool parse_error(std::size_t read, const std::string& token, const nlohmann::detail::exception&) {
+    at = read >= token.size() ? read - token.size() : 0;
+    return false;
+  }
+};
+
 SourcePosition Locate(std::string_view text, const std::string& pointer) {
   const char* head = text.data();
   PointerFinder finder(text, pointer, &head);
@@ -442,6 +466,17 @@ ImportPlan ParseJson(std::string_view text, Root target) {
     const std::size_t colon = message.find(": ", column == std::string::npos ? 0 : column);
     if (colon != std::string::npos) message.erase(0, colon + 2);
     plan.Fail(PositionOfByte(text, e.byte > 0 ? e.byte - 1 : 0), "expected JSON: " + message);
+    return plan;
+  } catch (const Json::exception& e) {
+    // Every other complaint of the parser (a number too large for a double) is bad
+    // input too; read once more to find its place.
+    ErrorFinder finder;
+    Json::sax_parse(text.begin(), text.end(), &finder);
+    std::string message = e.what();
+    if (const std::size_t id = message.find("] "); id != std::string::npos) {
+      message.erase(0, id + 2);
+    }
+    plan.Fail(PositionOfByte(text, finder.at), "expected JSON: " + message);
     return plan;
   }
   JsonReader(text, target, plan).Run(doc);

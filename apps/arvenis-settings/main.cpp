@@ -2,6 +2,7 @@
 //
 // Exit codes: 0 success, 1 bad input (message on standard error), 2 store
 // unavailable. Data goes to standard output, messages to standard error.
+#include <exception>
 #include <iostream>
 #include <new>
 
@@ -31,6 +32,11 @@ int main(int argc, char** argv) {
     // An import file far larger than this machine can hold; nothing was changed.
     std::cerr << "arvenis-settings: not enough memory for this input\n";
     return arvenis_settings::kBadInput;
+  } catch (const std::exception& e) {
+    // The last resort: every known failure has its own message and exit code.
+    std::cerr << "arvenis-settings: stopped by an unexpected error: "
+              << arvenis_settings::Escaped(e.what()) << '\n';
+    return arvenis_settings::kUnavailable;
   }
   return arvenis_settings::kSuccess;
 }

@@ -2,6 +2,7 @@
 #include <iostream>
 
 #include "tool.h"
+#include "typed_text.h"
 #include "vglobal/compat/unicode.h"
 
 namespace arvenis_settings {
@@ -46,13 +47,13 @@ void AddQueryCommand(CLI::App& app) {
       "Key path; a path not starting at Software lies below Software\\Ostrel\\Arvenis");
   command->callback([o] {
     const bool machine = o->machine;
+    const std::wstring path = KeyPath(Utf8Argument(o->path, "PATH"));
     auto store = OpenStore(machine, Access::Read);
     if (!store) {
       std::cerr << "arvenis-settings: no settings are stored yet ("
                 << vglobal::SettingsStorePath(HKEY_CURRENT_USER) << ")\n";
       return;
     }
-    const std::wstring path = KeyPath(o->path);
     const auto key = store->FindKey(vglobal::kSettingsRootKey, path);
     if (!key) {
       // Without a PATH the suite's own keys are shown, and there may be none yet.

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "tool.h"
+#include "typed_text.h"
 #include "vglobal/compat/unicode.h"
 
 namespace arvenis_settings {
@@ -31,7 +32,7 @@ std::int32_t ParseInt(const std::string& text) {
       std::from_chars(digits.data(), digits.data() + digits.size(), value, base);
   if (digits.empty() || error != std::errc() || end != digits.data() + digits.size() ||
       value < (base == 16 ? 0 : INT32_MIN) || value > UINT32_MAX) {
-    Fail(kBadInput, "not a 32-bit integer: '" + text + "'");
+    Fail(kBadInput, "not a 32-bit integer: '" + Escaped(text) + "'");
   }
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
 }
@@ -40,7 +41,7 @@ double ParseDouble(const std::string& text) {
   double value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (text.empty() || error != std::errc() || end != text.data() + text.size()) {
-    Fail(kBadInput, "not a number: '" + text + "'");
+    Fail(kBadInput, "not a number: '" + Escaped(text) + "'");
   }
   return value;
 }
@@ -52,7 +53,7 @@ std::vector<std::uint8_t> ParseHex(const std::string& text) {
     std::uint8_t byte = 0;
     const auto [end, error] = std::from_chars(text.data() + i, text.data() + i + 2, byte, 16);
     if (error != std::errc() || end != text.data() + i + 2) {
-      Fail(kBadInput, "not hexadecimal bytes: '" + text + "'");
+      Fail(kBadInput, "not hexadecimal bytes: '" + Escaped(text) + "'");
     }
     bytes.push_back(byte);
   }
@@ -66,10 +67,14 @@ vglobal::SettingsValue ValueOf(const SetOptions& o) {
     Fail(kBadInput, "give exactly one of --int, --double, --string, --binary, --multi");
   if (o.integer) return vglobal::SettingsValue::Int(ParseInt(*o.integer));
   if (o.real) return vglobal::SettingsValue::Double(ParseDouble(*o.real));
-  if (o.text) return vglobal::SettingsValue::String(vglobal::Utf8ToWide(*o.text));
+  if (o.text) {
+    return vglobal::SettingsValue::String(vglobal::Utf8ToWide(Utf8Argument(*o.text, "--string")));
+  }
   if (o.binary) return vglobal::SettingsValue::Binary(ParseHex(*o.binary));
   std::vector<std::wstring> strings;
-  for (const std::string& s : o.multi) strings.push_back(vglobal::Utf8ToWide(s));
+  for (const std::string& s : o.multi) {
+    strings.push_back(vglobal::Utf8ToWide(Utf8Argument(s, "--multi")));
+  }
   return vglobal::SettingsValue::MultiString(std::move(strings));
 }
 
@@ -91,11 +96,11 @@ void AddSetCommand(CLI::App& app) {
       ->allow_extra_args(false);
   command->callback([o] {
     const vglobal::SettingsValue value = ValueOf(*o);
+    const std::wstring path = KeyPath(Utf8Argument(o->path, "PATH"));
+    const std::wstring name = vglobal::Utf8ToWide(Utf8Argument(o->name, "NAME"));
     auto store = OpenStore(o->machine, Access::Create);
-    const std::wstring path = KeyPath(o->path);
     const auto key = store->CreateKey(vglobal::kSettingsRootKey, path);
     if (!key) Fail(key.error(), DisplayPath(o->machine, path));
-    const std::wstring name = vglobal::Utf8ToWide(o->name);
     if (auto e = store->WriteValue(*key, name, value); e != vglobal::SettingsError::None) {
       Fail(e, DisplayPath(o->machine, path) + " " + o->name);
     }

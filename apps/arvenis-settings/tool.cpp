@@ -2,6 +2,7 @@
 #include "tool.h"
 
 #include <charconv>
+#include <cstdio>
 #include <iostream>
 
 #include "vglobal/compat/unicode.h"
@@ -17,7 +18,37 @@ void Fail(vglobal::SettingsError error, const std::string& what) {
   using vglobal::SettingsError;
   const bool input = error == SettingsError::NotFound || error == SettingsError::BadName ||
                      error == SettingsError::TooLarge;
-  Fail(input ? kBadInput : kUnavailable, what + ": " + vglobal::Describe(error));
+  Fail(input ? kBadInput : kUnavailable, Escaped(what) + ": " + vglobal::Describe(error));
+}
+
+std::string Escaped(std::string_view text) {
+  std::string shown;
+  shown.reserve(text.size());
+  auto escape = [&](const char* format, unsigned code) {
+    char buffer[8];
+    std::snprintf(buffer, sizeof buffer, format, code);
+    shown += buffer;
+  };
+  while (!text.empty()) {
+    const std::size_t bad = vglobal::FindInvalidUtf8(text);
+    const std::string_view valid = text.substr(0, bad);
+    for (std::size_t i = 0; i < valid.size(); ++i) {
+      const auto byte = static_cast<unsigned char>(valid[i]);
+      const auto next = i + 1 < valid.size() ? static_cast<unsigned char>(valid[i + 1]) : 0;
+      if (byte < 0x20 || byte == 0x7F) {
+        escape("\\x%02X", byte);
+      } else if (byte == 0xC2 && next >= 0x80 && next <= 0x9F) {
+        escape("\\u%04X", next);  // U+0080 to U+009F: terminal controls too
+        ++i;
+      } else {
+        shown += valid[i];
+      }
+    }
+    if (bad == std::string_view::npos) break;
+    escape("\\x%02X", static_cast<unsigned char>(text[bad]));
+    text.remove_prefix(bad + 1);
+  }
+  return shown;
 }
 
 std::shared_ptr<vglobal::SettingsStore> OpenStore(bool machine, Access access) {

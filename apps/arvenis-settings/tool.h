@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "transfer.h"
 #include "vglobal/settings_store.h"
@@ -22,8 +23,15 @@ enum ExitCode : int {
 // Writes "arvenis-settings: <message>" to standard error and ends the command with
 // `code`.
 [[noreturn]] void Fail(ExitCode code, const std::string& message);
-// Ends the command with the exit code that belongs to a store error.
+// Ends the command with the exit code that belongs to a store error. `what` names the
+// place (a key, a value, a file) and is shown escaped.
 [[noreturn]] void Fail(vglobal::SettingsError error, const std::string& what);
+
+// Text from the user, a file or a store, made safe to show in a message: control
+// characters (C0, DEL, C1) and bytes that are not UTF-8 become escapes such as \x01,
+// \xFF or \u009B; everything else, backslashes included, stays as it is, so that key
+// paths read as typed and escaping twice changes nothing.
+std::string Escaped(std::string_view text);
 
 // The store of the user (or with `machine`, of the machine) as a command needs it.
 // Each command opens its store once, through this, and puts it in force for the

@@ -5,6 +5,7 @@
 #include <random>
 
 #include "settings_test_support.h"
+#include "vglobal/settings_store.h"
 
 extern char** environ;
 
@@ -31,6 +32,7 @@ class Tool : public ::testing::Test {
   // Runs the tool with `input` on its standard input.
   ToolRun Settings(std::vector<std::string> args, const std::string& input = {}) {
     args.insert(args.begin(), ARVENIS_SETTINGS_TOOL);
+    args.insert(args.begin(), launcher_.begin(), launcher_.end());
     std::vector<char*> argv;
     for (std::string& a : args) argv.push_back(a.data());
     argv.push_back(nullptr);
@@ -71,6 +73,7 @@ class Tool : public ::testing::Test {
   }
 
   TempDir dir_;
+  std::vector<std::string> launcher_;  // a program that runs the tool, such as timeout
 };
 
 TEST_F(Tool, SetThenQueryPrintsEveryTypeLikeARegistryQuery) {
@@ -205,6 +208,30 @@ TEST_F(Tool, CheckNamesADamagedStoreAndLeavesIt) {
   EXPECT_EQ(FileBytes(dir_ / "user.db"), noise);
 }
 
+TEST_F(Tool, CommandsThatOnlyLookNeverWriteTheStoreFile) {
+  // A program that wrote and died leaves its commits in the log, not yet in the file:
+  // a command that only looks must not move them there (a damaged file would be
+  // changed by that as much as a sound one).
+  const std::string path = dir_ / "user.db";
+  const pid_t writer = settings_test::Spawn([&]() -> int {
+    auto store = vglobal::OpenSqliteSettingsStore(path, vglobal::SettingsFileKind::User, true);
+    const auto key = store->CreateKey(vglobal::kSettingsRootKey, L"Software\\Ostrel\\Arvenis\\Tools");
+    for (int i = 0; i < 50; ++i) {
+      store->WriteValue(*key, L"v" + std::to_wstring(i), vglobal::SettingsValue::Int(i));
+    }
+    _exit(0);
+  });
+  ASSERT_EQ(settings_test::Wait(writer), 0);
+  const std::vector<char> before = FileBytes(path);
+  for (const std::vector<std::string>& look :
+       {std::vector<std::string>{"query"}, {"export", "--utf8"}, {"defaults", "show"}, {"check"}}) {
+    const ToolRun run = Settings(look);
+    EXPECT_EQ(run.exit, 0) << look[0] << ": " << run.err;
+    EXPECT_EQ(FileBytes(path), before) << look[0] << " changed the store file";
+  }
+  EXPECT_NE(Settings({"query", "Tools"}).out.find("v49    REG_DWORD    0x31 (49)"), std::string::npos);
+}
+
 TEST_F(Tool, ImportsAWindowsExportAndExportsWhatCameIn) {
   const ToolRun import = Settings({"import", VGLOBAL_TEST_DATA_DIR "/windows_export.reg"});
   ASSERT_EQ(import.exit, 0) << import.err;
@@ -314,6 +341,81 @@ TEST_F(Tool, DefaultsResetAsksFirstAndKnowsItsSections) {
   EXPECT_EQ(Settings({"defaults", "reset", "--yes"}).exit, 0);
   EXPECT_EQ(Settings({"query", "Processing Setup\\Defaults"}).exit, 1);
   EXPECT_EQ(Settings({"query", "Processing Setup"}).exit, 0);
+}
+
+// ---- Hostile files and arguments ---------------------------------------------
+
+TEST_F(Tool, AStoreThatIsNotARegularFileIsRefusedAtOnce) {
+  ASSERT_EQ(mkfifo((dir_ / "user.db").c_str(), 0600), 0);
+  launcher_ = {"/usr/bin/timeout", "10"};  // a regression waits on the FIFO: exit 124
+  const ToolRun check = Settings({"check"});
+  EXPECT_EQ(check.exit, 2);
+  EXPECT_NE(check.out.find(dir_ / "user.db" + ": not a regular file (a FIFO)\n"), std::string::npos)
+      << check.out;
+  for (const auto& args : std::vector<std::vector<std::string>>{
+           {"query"}, {"set", "Tools", "v", "--int", "1"}, {"defaults", "show"}}) {
+    const ToolRun run = Settings(args);
+    EXPECT_EQ(run.exit, 2) << args[0];
+    EXPECT_NE(run.err.find("not a regular file (a FIFO)"), std::string::npos) << run.err;
+  }
+}
+
+TEST_F(Tool, EveryJsonReaderErrorIsBadInputWithItsPlace) {
+  const std::string head =
+      "{\"format\": \"arvenis-settings\", \"version\": 1, \"root\": \"HKEY_CURRENT_USER\",\n";
+  const ToolRun huge =
+      Settings({"import", "--json", "-"},
+               head +
+                   "\"keys\": [{\"path\": \"Software\\\\Ostrel\\\\Arvenis\\\\T\", \"values\": [\n"
+                   "  {\"name\": \"v\", \"type\": \"REG_DOUBLE\", \"data\": 1e999}]}]}\n");
+  EXPECT_EQ(huge.exit, 1);
+  EXPECT_NE(huge.err.find("-: line 3, column 47: expected JSON: number overflow parsing '1e999'; "
+                          "nothing was imported"),
+            std::string::npos)
+      << huge.err;
+  // A member name holding a zero character is quoted escaped.
+  const ToolRun zero = Settings({"import", "--json", "-"}, head + "\"\\u0000\\u001b\": 1}");
+  EXPECT_EQ(zero.exit, 1);
+  EXPECT_NE(zero.err.find("unexpected member \"\\x00\\x1B\""), std::string::npos) << zero.err;
+  EXPECT_EQ(zero.err.find('\0'), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(dir_ / "user.db"));
+}
+
+TEST_F(Tool, ArgumentsThatAreNotUtf8AreRefusedAsAnImportRefusesThem) {
+  for (const auto& args : std::vector<std::vector<std::string>>{
+           {"set", "Tools", "v", "--string", "a\xFF"},
+           {"set", "Tools", "v", "--multi", "ok", "--multi", "\xC3("},
+           {"set", "Tools\xC0\xAF", "v", "--int", "1"},
+           {"set", "Tools", "v\xFE", "--int", "1"},
+           {"query", "Tools\xFF"},
+           {"delete", "Tools", "v\xFF"},
+           {"export", "\xFF"},
+           {"defaults", "reset", "--yes", "Qual\xFF"},
+       }) {
+    const ToolRun run = Settings(args);
+    EXPECT_EQ(run.exit, 1) << args[0] << " " << args[1];
+    EXPECT_NE(run.err.find("is not UTF-8 text"), std::string::npos) << run.err;
+    EXPECT_EQ(run.err.find_first_of("\xFF\xFE\xC0"), std::string::npos) << run.err;
+  }
+  EXPECT_FALSE(std::filesystem::exists(dir_ / "user.db"));
+  // What query prints for an unpaired surrogate goes back in; a stored one does not
+  // stop the records from being shown.
+  ASSERT_EQ(Settings({"set", "Processing Setup\\Defaults\\Quan\\Identification", "Keys", "--string",
+                      "k\xED\xA0\x80"})
+                .exit,
+            0);
+  for (const auto& args : std::vector<std::vector<std::string>>{{"defaults", "show"},
+                                                                {"defaults", "show", "--json"}}) {
+    const ToolRun show = Settings(args);
+    EXPECT_EQ(show.exit, 0) << args.size() << show.err;
+    EXPECT_NE(show.out.find("k\xEF\xBF\xBD"), std::string::npos) << args.size();
+  }
+  // Control characters in what a message quotes are escaped.
+  const ToolRun control = Settings({"set", "Tools", "v", "--int", "1\x1B[2J"});
+  EXPECT_NE(control.err.find("not a 32-bit integer: '1\\x1B[2J'"), std::string::npos)
+      << control.err;
+  const ToolRun missing = Settings({"query", "No\x01Such\xC2\x9B"});
+  EXPECT_NE(missing.err.find("Arvenis\\No\\x01Such\\u009B: "), std::string::npos) << missing.err;
 }
 
 TEST_F(Tool, EveryCommandHasHelp) {
