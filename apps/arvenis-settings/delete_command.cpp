@@ -28,6 +28,8 @@ void AddDeleteCommand(CLI::App& app) {
     if (o->name) Utf8Argument(*o->name, "NAME");
     auto store = OpenStore(o->machine, Access::Change);
     const std::string where = DisplayPath(o->machine, path);
+    // A user without a store file has nothing to delete, and deleting makes no store.
+    if (!store) Fail(kBadInput, Escaped(where) + ": no such key (no settings are stored yet)");
     const auto key = store->FindKey(vglobal::kSettingsRootKey, path);
     if (!key) Fail(key.error(), where);
     const vglobal::SettingsError error =

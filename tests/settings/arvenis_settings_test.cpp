@@ -181,6 +181,8 @@ TEST_F(Tool, MachineStoreIsMadeOnlyByInit) {
 }
 
 TEST_F(Tool, DeleteRemovesValuesAndBranches) {
+  EXPECT_EQ(Settings({"delete", "Tools"}).exit, 1) << "a user without a store has no keys";
+  EXPECT_FALSE(std::filesystem::exists(dir_ / "user.db"));
   ASSERT_EQ(Settings({"set", "Tools\\Item 0", "Command", "--string", "ls"}).exit, 0);
   ASSERT_EQ(Settings({"set", "Tools", "Count", "--int", "1"}).exit, 0);
   EXPECT_EQ(Settings({"delete", "Tools", "count"}).exit, 0);
