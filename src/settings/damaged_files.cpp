@@ -30,8 +30,10 @@ struct Damaged {
 };
 
 Damaged& TheDamaged() {
-  static Damaged damaged;
-  return damaged;
+  // Never destroyed: stores held by other static objects close their files while the
+  // program exits, after this list would otherwise be gone.
+  static Damaged* damaged = new Damaged;
+  return *damaged;
 }
 
 }  // namespace
@@ -66,6 +68,12 @@ void MarkFileDamaged(const FileIdentity& file, const std::string& reason) {
   if (!f || !f->damage.empty()) return;
   f->damage = reason.empty() ? "corrupt" : reason;
   d.epoch.fetch_add(1, std::memory_order_release);
+}
+
+bool FileIsOpen(const FileIdentity& file) {
+  Damaged& d = TheDamaged();
+  std::lock_guard lock(d.mutex);
+  return d.Find(file) != nullptr;
 }
 
 std::optional<std::string> FileDamage(const FileIdentity& file) {

@@ -30,6 +30,9 @@ std::optional<FileIdentity> IdentifyFile(const std::string& path);
 void NoteFileOpen(const FileIdentity& file);
 void NoteFileClosed(const FileIdentity& file);
 
+// True while a store object of this process has the file open.
+bool FileIsOpen(const FileIdentity& file);
+
 // Records that the file is damaged, if any store object has it open; the first reason
 // recorded is kept.
 void MarkFileDamaged(const FileIdentity& file, const std::string& reason);

@@ -57,8 +57,8 @@ SettingsError MemoryStore::EndTransaction(bool commit) {
   abandoned_ = abandoned_ || !commit;
   // A commit of an abandoned transaction fails without a change to blame.
   const SettingsError result = doomed_ != SettingsError::None ? doomed_
-                               : commit && abandoned_        ? SettingsError::Failed
-                                                             : SettingsError::None;
+                               : commit && abandoned_         ? SettingsError::Failed
+                                                              : SettingsError::None;
   if (--depth_ > 0) return result;
   if (doomed_ != SettingsError::None || abandoned_) {
     for (auto it = undo_.rbegin(); it != undo_.rend(); ++it) UndoOne(*it);
@@ -138,8 +138,8 @@ void MemoryStore::TakeBranches(const Key& key, KeyNodes& nodes) {
 
 // ---- Keys ----------------------------------------------------------------------
 
-SettingsResult<SettingsKeyId> MemoryStore::WalkLocked(SettingsKeyId parent,
-                                                      std::wstring_view path, bool create) {
+SettingsResult<SettingsKeyId> MemoryStore::WalkLocked(SettingsKeyId parent, std::wstring_view path,
+                                                      bool create) {
   bool bad = false;  // a bad name anywhere refuses the path before anything is looked at
   ForEachName(path, [&](std::wstring_view name) {
     bad = CheckKeyName(name) != SettingsError::None;

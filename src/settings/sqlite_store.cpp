@@ -152,7 +152,12 @@ std::unique_lock<std::mutex> SqliteStore::Acquire() {
 }
 
 void SqliteStore::OpenLocked() {
-  FileInspection file = InspectStoreFile(path_);
+  // A file that another store object of this process has open was inspected when that
+  // one opened it, and must not be opened and closed again beside SQLite: closing any
+  // descriptor of a file drops every POSIX lock the process holds on it, SQLite's too.
+  const std::optional<FileIdentity> known = IdentifyFile(path_);
+  FileInspection file = known && FileIsOpen(*known) ? FileInspection{FileState::Database, {}}
+                                                    : InspectStoreFile(path_);
   if (file.state == FileState::Missing && mode_ == SettingsOpenMode::Create) {
     // The user's store is private to the user; the machine store is written by the
     // administrator and read by everyone.
