@@ -24,7 +24,8 @@ inline std::string Names(const std::wstring& path, bool subkeys) {
     if (subkeys) continue;
     // The dump's first word is the type.
     const std::string value = vglobal::testing::DumpValue(*store->ReadValue(*key, name));
-    out += ":" + value.substr(0, value.find(' '));
+    out += ':';
+    out.append(value, 0, value.find(' '));
   }
   return out;
 }

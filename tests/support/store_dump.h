@@ -49,7 +49,9 @@ inline std::string DumpValue(const SettingsValue& v) {
 
 inline void DumpKey(SettingsStore& store, SettingsKeyId key, const std::wstring& path,
                     std::string& out) {
-  out += "[" + WideToUtf8(path) + "]\n";
+  out += '[';
+  out += WideToUtf8(path);
+  out += "]\n";
   if (auto names = store.ValueNames(key)) {
     for (const std::wstring& name : *names) {
       auto value = store.ReadValue(key, name);
