@@ -960,7 +960,8 @@ SettingsError SqliteStore::EndLocked(bool commit) {
     DropCacheLocked();
     seenGeneration_ = seen;
   }
-  if (committed && syncWanted_) error = SyncLogLocked();
+  // Kept whatever the sync says: the commit already survives a crash of the program.
+  if (committed && syncWanted_) SyncLogLocked();
   owner_ = std::thread::id();
   changedKeys_.clear();
   changedTree_ = false;
