@@ -2,6 +2,7 @@
 target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/settings_value.cpp
   ${CMAKE_CURRENT_LIST_DIR}/settings_names.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/settings_transaction.cpp
   ${CMAKE_CURRENT_LIST_DIR}/memory_store.cpp
   ${CMAKE_CURRENT_LIST_DIR}/damaged_files.cpp
   ${CMAKE_CURRENT_LIST_DIR}/sqlite_file.cpp
