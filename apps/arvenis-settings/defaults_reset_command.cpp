@@ -4,7 +4,6 @@
 #include <iostream>
 
 #include "tool.h"
-#include "typed_text.h"
 #include "vglobal/compat/unicode.h"
 #include "vglobal/vglobal.h"
 

@@ -2,7 +2,6 @@
 #include <optional>
 
 #include "tool.h"
-#include "typed_text.h"
 #include "vglobal/compat/unicode.h"
 
 namespace arvenis_settings {

@@ -14,7 +14,6 @@
 #include "reg_file_writer.h"
 #include "store_transfer.h"
 #include "tool.h"
-#include "typed_text.h"
 
 namespace arvenis_settings {
 namespace {

@@ -5,7 +5,6 @@
 #include <optional>
 
 #include "tool.h"
-#include "typed_text.h"
 #include "vglobal/compat/unicode.h"
 
 namespace arvenis_settings {

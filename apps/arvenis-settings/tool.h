@@ -47,6 +47,13 @@ std::string Escaped(std::string_view text);
 enum class Access { Read, Change, Create };
 std::shared_ptr<vglobal::SettingsStore> OpenStore(bool machine, Access access);
 
+// Returns `typed` when it is UTF-8 text; otherwise ends the command (bad input),
+// naming the argument `what` and the first byte that is not part of a UTF-8
+// character. The rule is that of an import file's text, so that `set` refuses what
+// `import` refuses instead of storing U+FFFD in its place; surrogates encoded as
+// UTF-8, which `query` and `export --utf8` print for an unpaired one, pass.
+const std::string& Utf8Argument(const std::string& typed, std::string_view what);
+
 // The path from the root of a key path typed by the user (UTF-8), after the suite's
 // rule: paths not starting at "Software" lie below Software\Ostrel\Arvenis.
 std::wstring KeyPath(const std::string& typed);

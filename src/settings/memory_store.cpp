@@ -40,7 +40,10 @@ void MemoryStore::WaitTurn(std::unique_lock<std::mutex>& lock) {
 }
 
 SettingsError MemoryStore::Doom(SettingsError error) {
-  if (depth_ > 0 && doomed_ == SettingsError::None) doomed_ = error;
+  // A missing key or value is an answer, not a failed change.
+  if (depth_ > 0 && doomed_ == SettingsError::None && error != SettingsError::NotFound) {
+    doomed_ = error;
+  }
   return error;
 }
 
@@ -212,8 +215,7 @@ SettingsError MemoryStore::DeleteKeyLocked(SettingsKeyId id) {
 SettingsError MemoryStore::DeleteKey(SettingsKeyId key) {
   std::unique_lock lock(mutex_);
   WaitTurn(lock);
-  const SettingsError e = DeleteKeyLocked(key);
-  return e == SettingsError::NotFound ? e : Doom(e);  // nothing left to delete is no failure
+  return Doom(DeleteKeyLocked(key));
 }
 
 SettingsError MemoryStore::DeleteContentsLocked(SettingsKeyId id) {
@@ -229,8 +231,7 @@ SettingsError MemoryStore::DeleteContentsLocked(SettingsKeyId id) {
 SettingsError MemoryStore::DeleteContents(SettingsKeyId key) {
   std::unique_lock lock(mutex_);
   WaitTurn(lock);
-  const SettingsError e = DeleteContentsLocked(key);
-  return e == SettingsError::NotFound ? e : Doom(e);
+  return Doom(DeleteContentsLocked(key));
 }
 
 SettingsResult<std::vector<std::wstring>> MemoryStore::SubkeyNames(SettingsKeyId key) {
@@ -308,8 +309,7 @@ SettingsError MemoryStore::DeleteValueLocked(SettingsKeyId key, std::wstring_vie
 SettingsError MemoryStore::DeleteValue(SettingsKeyId key, std::wstring_view name) {
   std::unique_lock lock(mutex_);
   WaitTurn(lock);
-  const SettingsError e = DeleteValueLocked(key, name);
-  return e == SettingsError::NotFound ? e : Doom(e);
+  return Doom(DeleteValueLocked(key, name));
 }
 
 SettingsResult<std::vector<std::wstring>> MemoryStore::ValueNames(SettingsKeyId key) {

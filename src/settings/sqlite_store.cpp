@@ -212,6 +212,56 @@ bool SqliteStore::EnsureOpenLocked() {
   return UsableLocked();
 }
 
+struct SqliteStore::StatementText {
+  Statement Statements::*statement;
+  const char* sql;
+  bool generations;  // only in a file that keeps change generations
+};
+
+std::span<const SqliteStore::StatementText> SqliteStore::StatementTexts() {
+  static constexpr StatementText kTexts[] = {
+      {&Statements::begin, "BEGIN IMMEDIATE", false},
+      {&Statements::beginRead, "BEGIN", false},
+      {&Statements::commit, "COMMIT", false},
+      {&Statements::rollback, "ROLLBACK", false},
+      {&Statements::dataVersion, "PRAGMA data_version", false},
+      {&Statements::keyExists, "SELECT 1 FROM settings_key WHERE id = ?1", false},
+      {&Statements::findChild, "SELECT id FROM settings_key WHERE parent = ?1 AND folded = ?2",
+       false},
+      {&Statements::insertKey,
+       "INSERT INTO settings_key (parent, name, folded) VALUES (?1, ?2, ?3)", false},
+      {&Statements::keyValues,
+       "SELECT v.name, v.folded, v.type, v.data FROM settings_key AS k "
+       "LEFT JOIN settings_value AS v ON v.key = k.id WHERE k.id = ?1 ORDER BY v.id",
+       false},
+      {&Statements::subkeys, "SELECT name FROM settings_key WHERE parent = ?1 ORDER BY id", false},
+      {&Statements::branch,
+       "WITH RECURSIVE branch (id) AS (SELECT id FROM settings_key WHERE id = ?1 "
+       "UNION ALL SELECT k.id FROM settings_key AS k JOIN branch AS b ON k.parent = b.id) "
+       "SELECT id FROM branch ORDER BY id DESC",
+       false},
+      {&Statements::deleteKey, "DELETE FROM settings_key WHERE id = ?1", false},
+      {&Statements::upsertValue,
+       "INSERT INTO settings_value (key, name, folded, type, data) VALUES (?1, ?2, ?3, ?4, ?5) "
+       "ON CONFLICT (key, folded) DO UPDATE SET type = excluded.type, data = excluded.data",
+       false},
+      {&Statements::deleteValue, "DELETE FROM settings_value WHERE key = ?1 AND folded = ?2",
+       false},
+      {&Statements::deleteValues, "DELETE FROM settings_value WHERE key = ?1", false},
+      // max() alone, so that SQLite takes it from the end of the index; NULL (read as
+      // 0) when nothing was recorded yet.
+      {&Statements::lastGeneration, "SELECT max(generation) FROM settings_change", true},
+      {&Statements::changedSince,
+       "SELECT key, generation FROM settings_change WHERE generation > ?1", true},
+      {&Statements::recordChange,
+       "INSERT INTO settings_change (key, generation) VALUES (?1, ?2) "
+       "ON CONFLICT (key) DO UPDATE SET generation = excluded.generation",
+       true},
+      {&Statements::forgetChange, "DELETE FROM settings_change WHERE key = ?1", true},
+  };
+  return kTexts;
+}
+
 int SqliteStore::OnBusy(void* self, int attempt) {
   // SQLite's own busy timeout sleeps in steps growing to 100 ms, far longer than a
   // settings write holds the lock; two programs writing in turn would mostly sleep.
@@ -258,46 +308,10 @@ std::string SqliteStore::ConnectLocked(bool initialise) {
     if (std::string error = UpgradeLocked(); !error.empty()) return error;
   }
 
-  const std::pair<Statement*, std::string_view> statements[] = {
-      {&st_.begin, "BEGIN IMMEDIATE"},
-      {&st_.beginRead, "BEGIN"},
-      {&st_.commit, "COMMIT"},
-      {&st_.rollback, "ROLLBACK"},
-      {&st_.dataVersion, "PRAGMA data_version"},
-      {&st_.keyExists, "SELECT 1 FROM settings_key WHERE id = ?1"},
-      {&st_.findChild, "SELECT id FROM settings_key WHERE parent = ?1 AND folded = ?2"},
-      {&st_.insertKey, "INSERT INTO settings_key (parent, name, folded) VALUES (?1, ?2, ?3)"},
-      {&st_.keyValues,
-       "SELECT v.name, v.folded, v.type, v.data FROM settings_key AS k "
-       "LEFT JOIN settings_value AS v ON v.key = k.id WHERE k.id = ?1 ORDER BY v.id"},
-      {&st_.subkeys, "SELECT name FROM settings_key WHERE parent = ?1 ORDER BY id"},
-      {&st_.branch,
-       "WITH RECURSIVE branch (id) AS (SELECT id FROM settings_key WHERE id = ?1 "
-       "UNION ALL SELECT k.id FROM settings_key AS k JOIN branch AS b ON k.parent = b.id) "
-       "SELECT id FROM branch ORDER BY id DESC"},
-      {&st_.deleteKey, "DELETE FROM settings_key WHERE id = ?1"},
-      {&st_.upsertValue,
-       "INSERT INTO settings_value (key, name, folded, type, data) VALUES (?1, ?2, ?3, ?4, ?5) "
-       "ON CONFLICT (key, folded) DO UPDATE SET type = excluded.type, data = excluded.data"},
-      {&st_.deleteValue, "DELETE FROM settings_value WHERE key = ?1 AND folded = ?2"},
-      {&st_.deleteValues, "DELETE FROM settings_value WHERE key = ?1"},
-  };
-  for (const auto& [statement, sql] : statements) {
-    if (statement->Prepare(db_, sql) != SQLITE_OK) return "cannot be used: " + ErrorText(db_);
-  }
-  if (generations_) {
-    const std::pair<Statement*, std::string_view> changes[] = {
-        // max() alone, so that SQLite takes it from the end of the index; NULL
-        // (read as 0) when nothing was recorded yet.
-        {&st_.lastGeneration, "SELECT max(generation) FROM settings_change"},
-        {&st_.changedSince, "SELECT key, generation FROM settings_change WHERE generation > ?1"},
-        {&st_.recordChange,
-         "INSERT INTO settings_change (key, generation) VALUES (?1, ?2) "
-         "ON CONFLICT (key) DO UPDATE SET generation = excluded.generation"},
-        {&st_.forgetChange, "DELETE FROM settings_change WHERE key = ?1"},
-    };
-    for (const auto& [statement, sql] : changes) {
-      if (statement->Prepare(db_, sql) != SQLITE_OK) return "cannot be used: " + ErrorText(db_);
+  for (const StatementText& t : StatementTexts()) {
+    if (t.generations && !generations_) continue;
+    if ((st_.*t.statement).Prepare(db_, t.sql) != SQLITE_OK) {
+      return "cannot be used: " + ErrorText(db_);
     }
   }
   if (mode_ == SettingsOpenMode::ReadOnly) {
@@ -385,13 +399,7 @@ std::string SqliteStore::UpgradeLocked() {
 }
 
 void SqliteStore::CloseLocked() {
-  for (Statement* s :
-       {&st_.begin, &st_.beginRead, &st_.commit, &st_.rollback, &st_.dataVersion, &st_.keyExists,
-        &st_.findChild, &st_.insertKey, &st_.keyValues, &st_.subkeys, &st_.branch, &st_.deleteKey,
-        &st_.upsertValue, &st_.deleteValue, &st_.deleteValues, &st_.lastGeneration,
-        &st_.changedSince, &st_.recordChange, &st_.forgetChange}) {
-    s->Finalize();
-  }
+  for (const StatementText& t : StatementTexts()) (st_.*t.statement).Finalize();
   // The last connection to close checkpoints the log into the file, which must not
   // happen to a file that this process or another store object of it found damaged.
   FollowDamageLocked();

@@ -27,6 +27,7 @@
 #include <functional>
 #include <mutex>
 #include <optional>
+#include <span>
 #include <string>
 #include <thread>
 #include <unordered_map>
@@ -161,6 +162,9 @@ class SqliteStore final : public SettingsStore {
     // Change generations; prepared only when the file has them.
     Statement lastGeneration, changedSince, recordChange, forgetChange;
   } st_;
+  // The text of each statement above (sqlite_store.cpp).
+  struct StatementText;
+  static std::span<const StatementText> StatementTexts();
 
   std::chrono::steady_clock::time_point busySince_;
   std::int64_t dataVersion_ = -1;

@@ -39,13 +39,7 @@ CComponentIO FullComponent(Seed& seed, Choices choices = Choices::Usual) {
   EXPECT_TRUE(parser.ParseFilterStructString(L"+ c SIM ms [194.50-195.50,200.00-201.00]", -1));
   c.Filter(parser.ToCFilter());
   for (int i = 0; i < 2; ++i) {
-    CLevel level;
-    Populate(level, seed);
-    for (int r = 0; r < 2; ++r) {
-      CReplicate replicate;
-      Populate(replicate, seed);
-      level.AddReplicate(replicate);
-    }
+    const CLevel level = vglobal::testing::PopulatedLevel(seed, 2);
     if (usual)
       c.AddCalLevel(level);
     else

@@ -130,6 +130,18 @@ inline void Populate(CLevel& r, Seed& s) {
   r.TestPercent(s.Real());
 }
 
+// A populated level with `replicates` populated replicates.
+inline CLevel PopulatedLevel(Seed& s, int replicates) {
+  CLevel level;
+  Populate(level, s);
+  for (int i = 0; i < replicates; ++i) {
+    CReplicate replicate;
+    Populate(replicate, s);
+    level.AddReplicate(replicate);
+  }
+  return level;
+}
+
 inline void Populate(CMIPair& r, Seed& s) {
   r.Mass(s.Real());
   r.Intensity(s.Real());

@@ -40,19 +40,8 @@ CComponentIO Component(int first, int levels) {
   c.DetectorType(VIRTUAL_DEVICE_MS);
   c.Type(0);
   c.UseAsRTReference(0);
-  for (int i = 0; i < levels; ++i) {
-    CLevel level;
-    Populate(level, seed);
-    for (int r = 0; r < 2; ++r) {
-      CReplicate replicate;
-      Populate(replicate, seed);
-      level.AddReplicate(replicate);
-    }
-    c.AddCalLevel(level);
-  }
-  CLevel qc;
-  Populate(qc, seed);
-  c.AddQCLevel(qc);
+  for (int i = 0; i < levels; ++i) c.AddCalLevel(vglobal::testing::PopulatedLevel(seed, 2));
+  c.AddQCLevel(vglobal::testing::PopulatedLevel(seed, 0));
   return c;
 }
 

@@ -217,7 +217,8 @@ TEST_F(Tool, CommandsThatOnlyLookNeverWriteTheStoreFile) {
   const std::string path = dir_ / "user.db";
   const pid_t writer = settings_test::Spawn([&]() -> int {
     auto store = vglobal::OpenSqliteSettingsStore(path, vglobal::SettingsFileKind::User, true);
-    const auto key = store->CreateKey(vglobal::kSettingsRootKey, L"Software\\Ostrel\\Arvenis\\Tools");
+    const auto key =
+        store->CreateKey(vglobal::kSettingsRootKey, L"Software\\Ostrel\\Arvenis\\Tools");
     for (int i = 0; i < 50; ++i) {
       store->WriteValue(*key, L"v" + std::to_wstring(i), vglobal::SettingsValue::Int(i));
     }
@@ -231,7 +232,8 @@ TEST_F(Tool, CommandsThatOnlyLookNeverWriteTheStoreFile) {
     EXPECT_EQ(run.exit, 0) << look[0] << ": " << run.err;
     EXPECT_EQ(FileBytes(path), before) << look[0] << " changed the store file";
   }
-  EXPECT_NE(Settings({"query", "Tools"}).out.find("v49    REG_DWORD    0x31 (49)"), std::string::npos);
+  EXPECT_NE(Settings({"query", "Tools"}).out.find("v49    REG_DWORD    0x31 (49)"),
+            std::string::npos);
 }
 
 TEST_F(Tool, ImportsAWindowsExportAndExportsWhatCameIn) {

@@ -1,8 +1,9 @@
-// A batch of changes is made whole or not at all, in the memory store and the file
-// store alike.
+// A batch of changes, or a transaction, is made whole or not at all, in the memory
+// store and the file store alike.
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <future>
 #include <thread>
 
 #include "settings_test_support.h"
@@ -94,6 +95,66 @@ TEST_P(Batch, DeletingWhatIsMissingIsDoneButBadNamesAndTheRootAreRefused) {
                 .error,
             SettingsError::BadName);
   EXPECT_TRUE(store_->FindKey(vglobal::kSettingsRootKey, L"K").ok());
+}
+
+// Transactions are the batches of writers that make their changes one by one.
+TEST_P(Batch, TransactionsNestAndOneFailedChangeUndoesAllOfThem) {
+  ASSERT_TRUE(store_->Apply({Write(L"A", L"x", 1)}).ok());
+  auto set = [&](const std::wstring& name, std::int32_t value) {
+    const auto key = store_->CreateKey(vglobal::kSettingsRootKey, L"A");
+    return key ? store_->WriteValue(*key, name, SettingsValue::Int(value)) : key.error();
+  };
+  {
+    vglobal::SettingsTransaction outer(store_);
+    set(L"x", 2);
+    {
+      vglobal::SettingsTransaction inner(store_);
+      set(L"y", 3);
+      inner.Commit();
+    }
+    EXPECT_EQ(Int(L"A", L"y").value(), 3) << "seen inside";
+    // A missing value is an answer, not a failure.
+    EXPECT_EQ(store_->DeleteValue(vglobal::kSettingsRootKey, L"none"), SettingsError::NotFound);
+    EXPECT_EQ(outer.Commit(), SettingsError::None);
+  }
+  EXPECT_EQ(Int(L"A", L"y").value(), 3);
+  {
+    vglobal::SettingsTransaction outer(store_);
+    set(L"x", 4);
+    EXPECT_EQ(set(std::wstring(vglobal::kMaxSettingsValueName + 1, L'n'), 1),
+              SettingsError::BadName);
+    set(L"z", 5);  // goes on, as writers that ignore results do
+    EXPECT_EQ(outer.Commit(), SettingsError::BadName) << "the first failure";
+  }
+  {
+    vglobal::SettingsTransaction outer(store_);
+    set(L"x", 6);
+    { vglobal::SettingsTransaction inner(store_); }  // gives up: so does the whole
+    EXPECT_NE(outer.Commit(), SettingsError::None);
+  }
+  {
+    vglobal::SettingsTransaction left(store_);  // ended without Commit
+    set(L"x", 7);
+  }
+  EXPECT_EQ(Int(L"A", L"x").value(), 2);
+  EXPECT_EQ(Int(L"A", L"z").error(), SettingsError::NotFound);
+  EXPECT_EQ(store_->EndTransaction(true), SettingsError::Failed) << "none is open";
+}
+
+TEST_P(Batch, OtherThreadsWaitForTheTransactionAndStayOutOfIt) {
+  ASSERT_TRUE(store_->Apply({Write(L"K", L"theirs", 0)}).ok());
+  ASSERT_EQ(store_->BeginTransaction(), SettingsError::None);
+  ASSERT_TRUE(store_->Apply({Write(L"K", L"mine", 1)}).ok());
+  auto other = std::async(std::launch::async, [&] {
+    // Had it not waited, it would see the uncommitted value.
+    const bool sawMine = Int(L"K", L"mine").ok();
+    return !sawMine && store_->Apply({Write(L"K", L"theirs", 2)}).ok();
+  });
+  EXPECT_EQ(other.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
+  ASSERT_EQ(store_->EndTransaction(false), SettingsError::None);  // abandoned
+  EXPECT_TRUE(other.get());
+  EXPECT_EQ(Int(L"K", L"mine").error(), SettingsError::NotFound);
+  EXPECT_EQ(Int(L"K", L"theirs").value(), 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(Stores, Batch, ::testing::Values(false, true),

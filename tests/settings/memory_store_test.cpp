@@ -120,7 +120,7 @@ TEST_F(MemoryStore, AnAbandonedTransactionLeavesTheStoreExactlyAsItWas) {
     ASSERT_TRUE(transaction.active());
     Write(a_, L"ONE", SettingsValue::String(L"changed type"));
     EXPECT_EQ(store_->DeleteValue(a_, L"two"), SettingsError::None);  // from the middle
-    Write(a_, L"Two", SettingsValue::Int(2));                          // back at the end
+    Write(a_, L"Two", SettingsValue::Int(2));                         // back at the end
     EXPECT_EQ(store_->DeleteValue(a_, L""), SettingsError::None);
     const SettingsKeyId beta = store_->FindKey(kSettingsRootKey, L"Beta").value();
     EXPECT_EQ(store_->DeleteKey(beta), SettingsError::None);
@@ -157,74 +157,6 @@ TEST_F(MemoryStore, AFailedBatchLeavesTheStoreExactlyAsItWas) {
   EXPECT_EQ(result.error, SettingsError::BadName);
   EXPECT_EQ(result.failed, 6u);
   ExpectUntouched();
-}
-
-TEST_F(MemoryStore, NestedTransactionsCommitAtTheOutermostEndAndAnInnerAbandonDoomsThem) {
-  ASSERT_EQ(store_->BeginTransaction(), SettingsError::None);
-  Write(a_, L"Outer", SettingsValue::Int(1));
-  {
-    vglobal::SettingsTransaction inner(store_);
-    Write(a_, L"Inner", SettingsValue::Int(2));
-    EXPECT_EQ(inner.Commit(), SettingsError::None);
-  }
-  EXPECT_TRUE(store_->Apply({{Kind::WriteValue, L"Alpha", L"Batch", SettingsValue::Int(3)}}).ok());
-  EXPECT_EQ(store_->EndTransaction(true), SettingsError::None);
-  EXPECT_EQ(store_->ValueNames(a_).value().size(), 7u);
-  before_ = Dump(*store_);
-
-  ASSERT_EQ(store_->BeginTransaction(), SettingsError::None);
-  Write(a_, L"Lost", SettingsValue::Int(1));
-  {
-    vglobal::SettingsTransaction inner(store_);
-    Write(a_, L"Lost too", SettingsValue::Int(2));
-  }  // abandoned
-  Write(a_, L"Lost three", SettingsValue::Int(3));
-  EXPECT_EQ(store_->EndTransaction(true), SettingsError::Failed);
-  ExpectUntouched();
-  EXPECT_EQ(store_->EndTransaction(true), SettingsError::Failed) << "no transaction is open";
-}
-
-TEST_F(MemoryStore, AFailingChangeDoomsTheTransactionButAMissingDeleteDoesNot) {
-  vglobal::SettingsTransaction transaction(store_);
-  Write(a_, L"Written", SettingsValue::Int(1));
-  EXPECT_EQ(store_->DeleteValue(a_, L"No such value"), SettingsError::NotFound);
-  EXPECT_EQ(store_->WriteValue(a_, std::wstring(vglobal::kMaxSettingsValueName + 1, L'n'),
-                               SettingsValue::Int(1)),
-            SettingsError::BadName);
-  Write(a_, L"After", SettingsValue::Int(2));  // still made, and seen inside
-  EXPECT_EQ(*store_->ReadValue(a_, L"After").value().AsInt(), 2);
-  const auto batch = store_->Apply({{Kind::WriteValue, L"Alpha", L"Batch", SettingsValue::Int(3)}});
-  EXPECT_EQ(batch.error, SettingsError::BadName) << "a batch in a doomed transaction is not kept";
-  EXPECT_EQ(batch.failed, 1u);
-  EXPECT_EQ(transaction.Commit(), SettingsError::BadName) << "the first failure";
-  ExpectUntouched();
-
-  vglobal::SettingsTransaction second(store_);
-  Write(a_, L"Kept", SettingsValue::Int(1));
-  EXPECT_EQ(store_->DeleteValue(a_, L"No such value"), SettingsError::NotFound);
-  EXPECT_EQ(store_->DeleteKey(999), SettingsError::NotFound);
-  EXPECT_EQ(second.Commit(), SettingsError::None);
-  EXPECT_TRUE(store_->ReadValue(a_, L"Kept").ok());
-}
-
-TEST_F(MemoryStore, AnotherThreadWaitsUntilTheTransactionEnds) {
-  ASSERT_EQ(store_->BeginTransaction(), SettingsError::None);
-  Write(a_, L"Uncommitted", SettingsValue::Int(1));
-  std::promise<void> calling;
-  std::future<SettingsError> seen = std::async(std::launch::async, [&] {
-    calling.set_value();
-    // Had it not waited, it would see the value written before it started.
-    const SettingsError read = store_->ReadValue(a_, L"Uncommitted").error();
-    EXPECT_EQ(store_->WriteValue(a_, L"Other thread", SettingsValue::Int(2)), SettingsError::None);
-    return read;
-  });
-  calling.get_future().wait();
-  EXPECT_EQ(seen.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
-  Write(a_, L"Uncommitted", SettingsValue::Int(3));  // the owner goes on meanwhile
-  EXPECT_EQ(store_->EndTransaction(false), SettingsError::None);
-  EXPECT_EQ(seen.get(), SettingsError::NotFound) << "read after the abandon, not before";
-  EXPECT_EQ(store_->ReadValue(a_, L"Uncommitted").error(), SettingsError::NotFound);
-  EXPECT_TRUE(store_->ReadValue(a_, L"Other thread").ok());
 }
 
 }  // namespace
