@@ -76,11 +76,15 @@ TEST(SqliteTransaction, OtherConnectionsSeeAllOfItOrNone) {
 
 // ---- Caches of other connections --------------------------------------------
 
-TEST(SqliteCache, AnotherConnectionsWriteDropsOnlyTheKeysItChanged) {
-  TempDir dir;
-  const std::string path = dir / "user.db";
-  auto reader = Open(path);
-  auto writer = Open(path);
+// Two connections to one file, as two programs have.
+class SqliteCache : public ::testing::Test {
+ protected:
+  TempDir dir_;
+  const std::string path = dir_ / "user.db";
+  std::shared_ptr<SettingsStore> reader = Open(path), writer = Open(path);
+};
+
+TEST_F(SqliteCache, AnotherConnectionsWriteDropsOnlyTheKeysItChanged) {
   Set(*writer, L"Changed", L"v", 1);
   Set(*writer, L"Untouched", L"v", 1);
   ASSERT_EQ(IntAt(*reader, L"Changed", L"v"), 1);
@@ -99,11 +103,7 @@ TEST(SqliteCache, AnotherConnectionsWriteDropsOnlyTheKeysItChanged) {
   EXPECT_EQ(IntAt(*reader, L"Untouched", L"v"), 7);
 }
 
-TEST(SqliteCache, KeysAddedOrRemovedElsewhereAreSeen) {
-  TempDir dir;
-  const std::string path = dir / "user.db";
-  auto reader = Open(path);
-  auto writer = Open(path);
+TEST_F(SqliteCache, KeysAddedOrRemovedElsewhereAreSeen) {
   Set(*writer, L"Doomed", L"v", 1);
   ASSERT_EQ(IntAt(*reader, L"Later", L"v"), std::nullopt);  // remembered as missing
   const SettingsKeyId held = *reader->FindKey(kSettingsRootKey, L"Doomed");
