@@ -141,22 +141,4 @@ TEST_F(MemoryStore, AnAbandonedTransactionLeavesTheStoreExactlyAsItWas) {
   EXPECT_GT(Create(L"New"), handedOut.back()) << "ids of an undone transaction stay used";
 }
 
-TEST_F(MemoryStore, AFailedBatchLeavesTheStoreExactlyAsItWas) {
-  const std::vector<SettingsChange> changes{
-      {Kind::WriteValue, L"Alpha", L"three", SettingsValue::Int(3)},
-      {Kind::DeleteValue, L"Alpha", L"One", {}},
-      {Kind::DeleteKey, L"Beta", {}, {}},
-      {Kind::WriteValue, L"Beta\\Gamma", L"Pi", SettingsValue::Int(0)},
-      {Kind::CreateKey, L"New\\Key", {}, {}},
-      {Kind::DeleteKey, L"Epsilon\\Zeta", {}, {}},
-      {Kind::WriteValue, L"Alpha", std::wstring(vglobal::kMaxSettingsValueName + 1, L'n'),
-       SettingsValue::Int(1)},
-      {Kind::WriteValue, L"Alpha", L"never", SettingsValue::Int(1)},
-  };
-  const vglobal::SettingsApplyResult result = store_->Apply(changes);
-  EXPECT_EQ(result.error, SettingsError::BadName);
-  EXPECT_EQ(result.failed, 6u);
-  ExpectUntouched();
-}
-
 }  // namespace
