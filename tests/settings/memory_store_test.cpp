@@ -13,12 +13,10 @@
 namespace {
 
 using vglobal::kSettingsRootKey;
-using vglobal::SettingsChange;
 using vglobal::SettingsError;
 using vglobal::SettingsKeyId;
 using vglobal::SettingsStore;
 using vglobal::SettingsValue;
-using Kind = SettingsChange::Kind;
 
 std::wstring Text(const SettingsValue& v) {
   switch (v.type()) {
