@@ -60,6 +60,12 @@ class VGLOBAL_EXPORT Platform {
 
   // Milliseconds since the system started (wraps at 2^32). Default: CLOCK_MONOTONIC.
   virtual DWORD TickCount();
+
+  // ---- dialogs: geometry and modeless dialogs --------------------------------
+
+  // ---- windows: messages, timers, menus, drawing on a window -----------------
+
+  // ---- images, choosers, drag and drop --------------------------------------
 };
 
 // The headless platform: message boxes go to standard error and answer IDOK,
@@ -69,6 +75,12 @@ class VGLOBAL_EXPORT HeadlessPlatform : public Platform {
   int MessageBox(CWnd* owner, const wchar_t* text, const wchar_t* caption, UINT style) override;
   CString ApplicationName() override;
   INT_PTR RunModal(CDialog& dialog) override;
+
+  // ---- dialogs: geometry and modeless dialogs --------------------------------
+
+  // ---- windows: messages, timers, menus, drawing on a window -----------------
+
+  // ---- images, choosers, drag and drop --------------------------------------
 };
 
 VGLOBAL_EXPORT void SetPlatform(Platform* platform);

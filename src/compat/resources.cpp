@@ -38,6 +38,13 @@ const DialogTemplate* FindDialogIn(const ResourceTables* t, UINT id) {
   return nullptr;
 }
 
+const BitmapResource* FindBitmapIn(const ResourceTables* t, UINT id) {
+  if (!t || !t->bitmaps) return nullptr;
+  for (std::size_t i = 0; i < t->bitmapCount; ++i)
+    if (t->bitmaps[i].id == id && t->bitmaps[i].png) return &t->bitmaps[i];
+  return nullptr;
+}
+
 // Visits the chain in search order and returns the first hit.
 template <typename Result, typename Find>
 Result Search(Find find) {
@@ -65,6 +72,11 @@ std::optional<std::wstring_view> FindResourceString(UINT id) {
 const DialogTemplate* FindDialogTemplate(UINT id) {
   return Search<const DialogTemplate*>(
       [id](const ResourceTables* t) { return FindDialogIn(t, id); });
+}
+
+const BitmapResource* FindBitmapResource(UINT id) {
+  return Search<const BitmapResource*>(
+      [id](const ResourceTables* t) { return FindBitmapIn(t, id); });
 }
 
 }  // namespace vglobal

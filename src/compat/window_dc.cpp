@@ -181,3 +181,7 @@ int CDC::DrawText(const wchar_t* text, int count, LPRECT rect, UINT format) {
   }
   return height;
 }
+
+BOOL CDC::DrawImage(const vglobal::ImageCell& /*cell*/, int /*x*/, int /*y*/, UINT /*style*/) {
+  return FALSE;
+}

@@ -23,15 +23,29 @@ struct StringEntry {
   const wchar_t* text;
 };
 
-struct DialogTemplate;  // vglobal/compat/dialog.h
+struct DialogTemplate;  // vglobal/compat/dialog_template.h
+struct MenuTemplate;    // vglobal/compat/menu_template.h
 
-// One module's resources: its string table (ascending ids) and its dialog templates.
+// A bitmap resource: the bytes of a PNG file compiled into the module. The bytes
+// are static data; nothing is decoded until the platform draws.
+struct BitmapResource {
+  UINT id;
+  const unsigned char* png;
+  std::size_t size;
+};
+
+// One module's resources: its string table (ascending ids), its dialog templates,
+// its bitmaps and its menus.
 struct ResourceTables {
   const wchar_t* moduleName = L"";
   const StringEntry* strings = nullptr;
   std::size_t stringCount = 0;
   const DialogTemplate* const* dialogs = nullptr;
   std::size_t dialogCount = 0;
+  const BitmapResource* bitmaps = nullptr;
+  std::size_t bitmapCount = 0;
+  const MenuTemplate* const* menus = nullptr;
+  std::size_t menuCount = 0;
 };
 
 // Registers the application's module: searched before every library module.
@@ -42,6 +56,10 @@ VGLOBAL_EXPORT void SetApplicationResources(const ResourceTables* tables);
 VGLOBAL_EXPORT std::optional<std::wstring_view> FindResourceString(UINT id);
 // Looks a dialog template up along the chain; null when no module has it.
 VGLOBAL_EXPORT const DialogTemplate* FindDialogTemplate(UINT id);
+// Looks a bitmap up along the chain; null when no module has it.
+VGLOBAL_EXPORT const BitmapResource* FindBitmapResource(UINT id);
+// Looks a menu up along the chain; null when no module has it.
+VGLOBAL_EXPORT const MenuTemplate* FindMenuTemplate(UINT id);
 
 // The library's own resources (its string table and dialog templates).
 VGLOBAL_EXPORT const ResourceTables& LibraryResources();

@@ -75,6 +75,10 @@ class VGLOBAL_EXPORT CWnd : public CObject {
   // the button pressed (IDOK ...).
   int MessageBox(const wchar_t* text, const wchar_t* caption = nullptr, UINT type = MB_OK);
 
+  // ---- geometry -----------------------------------------------------------------
+
+  // ---- messages, commands and timers ----------------------------------------------
+
  protected:
   CWnd* parent_ = nullptr;
 
@@ -86,6 +90,16 @@ class VGLOBAL_EXPORT CWnd : public CObject {
 };
 
 // ---- 2. CDC ----------------------------------------------------------------------
+
+namespace vglobal {
+// One image of a bitmap strip: the PNG bytes of the whole strip (static resource
+// data) and the cell of it, in pixels.
+struct ImageCell {
+  const unsigned char* png = nullptr;
+  std::size_t size = 0;
+  int x = 0, y = 0, cx = 0, cy = 0;
+};
+}  // namespace vglobal
 
 // DrawText formats (Windows values).
 constexpr UINT DT_TOP = 0x0000;
@@ -145,6 +159,13 @@ class VGLOBAL_EXPORT CDC {
 
   virtual int DrawText(const wchar_t* text, int count, LPRECT rect, UINT format);
   int DrawText(const CString& text, LPRECT rect, UINT format);
+
+  // Draws one cell of a bitmap strip with its top-left corner at (x, y). The
+  // platform decodes the strip; the default (no pixels) draws nothing and answers
+  // FALSE. ILD_ style bits as CImageList::Draw takes them.
+  virtual BOOL DrawImage(const vglobal::ImageCell& cell, int x, int y, UINT style);
+
+  // ---- pens, brushes, raster mode and lines ------------------------------------
 
  protected:
   // Draws one laid-out line. The default writes it with TextOut; a platform may

@@ -39,6 +39,12 @@ class VGLOBAL_EXPORT QtPlatform : public Platform {
   // active window when it is a QMainWindow, else the first visible top-level
   // QMainWindow. False when that window has no status bar; none is made for it.
   bool SetStatusBarText(const wchar_t* text) override;
+
+  // ---- dialogs: geometry and modeless dialogs --------------------------------
+
+  // ---- windows: messages, timers, menus, drawing on a window -----------------
+
+  // ---- images, choosers, drag and drop --------------------------------------
 };
 
 // Opens a dialog model (its controls are made and OnInitDialog runs) and renders it
@@ -51,6 +57,12 @@ VGLOBAL_EXPORT std::unique_ptr<QDialog> RenderDialog(CDialog& dialog);
 // The widget that shows control `id` of a dialog rendered by this layer (the first
 // one with that id), or null.
 VGLOBAL_EXPORT QWidget* ControlWidget(QDialog& view, int id);
+
+// ---- dialogs: geometry and modeless dialogs ----------------------------------
+
+// ---- windows: messages, timers, menus, drawing on a window -------------------
+
+// ---- images, choosers, drag and drop ----------------------------------------
 
 namespace detail {
 // Every program that includes this header refers to the Qt layer, so a linker that
