@@ -4,11 +4,13 @@
 
 #include "vglobal/export.h"
 
+#include "vglobal/compat/app.h"
 #include "vglobal/compat/collections.h"
 #include "vglobal/compat/cstring.h"
 #include "vglobal/compat/dialog.h"
 #include "vglobal/compat/filestatus.h"
 #include "vglobal/compat/geometry.h"
+#include "vglobal/compat/image_list.h"
 #include "vglobal/compat/resources.h"
 #include "vglobal/compat/types.h"
 #include "vglobal/compat/unicode.h"

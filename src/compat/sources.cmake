@@ -20,3 +20,5 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/controls_list.cpp
   ${CMAKE_CURRENT_LIST_DIR}/controls_listctrl.cpp
   ${CMAKE_CURRENT_LIST_DIR}/controls_number.cpp)
+# The application object and its profile store.
+target_sources(vglobal_core_obj PRIVATE ${CMAKE_CURRENT_LIST_DIR}/app.cpp)

@@ -5,6 +5,7 @@
 #include <random>
 
 #include "settings_test_support.h"
+#include "vglobal/compat/app.h"
 #include "vglobal/settings_store.h"
 
 extern char** environ;
@@ -262,6 +263,40 @@ TEST_F(Tool, ImportsAWindowsExportAndExportsWhatCameIn) {
   EXPECT_EQ(Settings({"export", "Software\\Other"}).exit, 1);
   EXPECT_EQ(Settings({"export", "No Such Key"}).exit, 1);
   EXPECT_EQ(Settings({"export", "--json", "--utf8"}).exit, 1);
+}
+
+// An application's profile lies beside the suite's keys, below Software\Ostrel, and
+// moves between users like any other key.
+TEST_F(Tool, ExportAndImportCarryAnApplicationsProfile) {
+  std::vector<BYTE> layout(300);
+  for (std::size_t i = 0; i < layout.size(); ++i) layout[i] = static_cast<BYTE>(i * 7);
+  auto write = [&] {
+    CWinApp app(L"Workbench");
+    vglobal::SetSettingsStore(
+        HKEY_CURRENT_USER,
+        vglobal::OpenSqliteSettingsStore(dir_ / "user.db", vglobal::SettingsFileKind::User,
+                                         vglobal::SettingsOpenMode::Create));
+    EXPECT_TRUE(app.WriteProfileBinary(L"Toolbars\\Bar 1", L"Layout", layout.data(), 300));
+    EXPECT_TRUE(app.WriteProfileString(L"Toolbars", L"Version", L"2.1"));
+    vglobal::SetSettingsStore(HKEY_CURRENT_USER, nullptr);
+  };
+  write();
+  ASSERT_EQ(Settings({"export", "Software\\Ostrel\\Workbench", "-o", dir_ / "p.reg"}).exit, 0);
+  std::filesystem::rename(dir_ / "user.db", dir_ / "first.db");
+  ASSERT_EQ(Settings({"import", dir_ / "p.reg"}).exit, 0);
+
+  CWinApp app(L"Workbench");
+  vglobal::SetSettingsStore(
+      HKEY_CURRENT_USER,
+      vglobal::OpenSqliteSettingsStore(dir_ / "user.db", vglobal::SettingsFileKind::User,
+                                       vglobal::SettingsOpenMode::ReadOnly));
+  BYTE* data = nullptr;
+  UINT bytes = 0;
+  EXPECT_TRUE(app.GetProfileBinary(L"Toolbars\\Bar 1", L"Layout", &data, &bytes));
+  std::unique_ptr<BYTE[]> owned(data);
+  EXPECT_EQ(std::vector<BYTE>(data, data + bytes), layout);
+  EXPECT_EQ(app.GetProfileString(L"Toolbars", L"Version"), CString(L"2.1"));
+  vglobal::SetSettingsStore(HKEY_CURRENT_USER, nullptr);
 }
 
 TEST_F(Tool, ABadImportFileChangesNothingAndSaysWhere) {
