@@ -3,3 +3,5 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/platform.cpp
   ${CMAKE_CURRENT_LIST_DIR}/posix_platform.cpp
   ${CMAKE_CURRENT_LIST_DIR}/headless_platform.cpp)
+# Messages, timers, frames, menus and transient drawing: the default bodies.
+target_sources(vglobal_core_obj PRIVATE ${CMAKE_CURRENT_LIST_DIR}/platform_windows.cpp)
