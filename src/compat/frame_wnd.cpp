@@ -32,7 +32,8 @@ BOOL CFrameWnd::LoadFrame(UINT resourceId, DWORD style, CWnd* parent) {
     menu.Detach();  // the window's now
   }
   std::wstring title;
-  if (auto text = vglobal::FindResourceString(resourceId)) title = text->substr(0, text->find(L'\n'));
+  if (auto text = vglobal::FindResourceString(resourceId))
+    title = text->substr(0, text->find(L'\n'));
   return Create(nullptr, title.c_str(), style, parent);
 }
 

@@ -108,7 +108,9 @@ bool Inside(CDC::Shape shape, const CRect& box, CPoint start, CPoint end, int x,
 // ---- PixelSurface ----------------------------------------------------------------
 
 PixelSurface::PixelSurface(int width, int height, COLORREF background)
-    : width_(std::max(width, 0)), height_(std::max(height, 0)), background_(background & 0xFFFFFF) {}
+    : width_(std::max(width, 0)),
+      height_(std::max(height, 0)),
+      background_(background & 0xFFFFFF) {}
 
 COLORREF PixelSurface::Pixel(int x, int y) const {
   auto it = marked_.find({y, x});

@@ -34,11 +34,11 @@ COLORREF ApplyRop2(int rop2, COLORREF pen, COLORREF dest) {
 }
 
 bool SameFont(const LOGFONT& a, const LOGFONT& b) {
-  return a.lfHeight == b.lfHeight && a.lfWidth == b.lfWidth &&
-         a.lfEscapement == b.lfEscapement && a.lfOrientation == b.lfOrientation &&
-         a.lfWeight == b.lfWeight && a.lfItalic == b.lfItalic &&
-         a.lfUnderline == b.lfUnderline && a.lfStrikeOut == b.lfStrikeOut &&
-         a.lfCharSet == b.lfCharSet && a.lfPitchAndFamily == b.lfPitchAndFamily &&
+  return a.lfHeight == b.lfHeight && a.lfWidth == b.lfWidth && a.lfEscapement == b.lfEscapement &&
+         a.lfOrientation == b.lfOrientation && a.lfWeight == b.lfWeight &&
+         a.lfItalic == b.lfItalic && a.lfUnderline == b.lfUnderline &&
+         a.lfStrikeOut == b.lfStrikeOut && a.lfCharSet == b.lfCharSet &&
+         a.lfPitchAndFamily == b.lfPitchAndFamily &&
          std::wcsncmp(a.lfFaceName, b.lfFaceName, LF_FACESIZE) == 0;
 }
 
@@ -340,9 +340,9 @@ BOOL CDC::Pie(int left, int top, int right, int bottom, int xStart, int yStart, 
 }
 
 BOOL CDC::Pie(LPCRECT rect, POINT start, POINT end) {
-  return rect ? Pie(rect->left, rect->top, rect->right, rect->bottom, start.x, start.y, end.x,
-                    end.y)
-              : FALSE;
+  return rect
+             ? Pie(rect->left, rect->top, rect->right, rect->bottom, start.x, start.y, end.x, end.y)
+             : FALSE;
 }
 
 BOOL CDC::PaintLine(CPoint /*from*/, CPoint /*to*/) {

@@ -85,9 +85,8 @@ class VGLOBAL_EXPORT CCmdTarget : public CObject {
   template <typename D, typename Call>
   void AddCommand(UINT first, UINT last, int code, Call call) {
     static_assert(std::is_base_of_v<CCmdTarget, D>, "handlers belong to the target's class");
-    AddEntry(first, last, code, [this, call](UINT id, void* extra) {
-      call(static_cast<D&>(*this), id, extra);
-    });
+    AddEntry(first, last, code,
+             [this, call](UINT id, void* extra) { call(static_cast<D&>(*this), id, extra); });
   }
   void AddEntry(UINT first, UINT last, int code, Handler handler);
 

@@ -20,9 +20,9 @@ class VGLOBAL_EXPORT CCmdUI {
   virtual ~CCmdUI() = default;
 
   // Each acts on the item at m_nIndex of m_pMenu (nothing when there is none).
-  virtual void Enable(BOOL on = TRUE);  // grays the item when off
-  virtual void SetCheck(int check = 1);  // 0 unchecked, anything else checked
-  virtual void SetRadio(BOOL on = TRUE);  // checked with a bullet
+  virtual void Enable(BOOL on = TRUE);        // grays the item when off
+  virtual void SetCheck(int check = 1);       // 0 unchecked, anything else checked
+  virtual void SetRadio(BOOL on = TRUE);      // checked with a bullet
   virtual void SetText(const wchar_t* text);  // keeps the item's id and states
   // The handler passes the question on to the next target in the routing.
   void ContinueRouting() { m_bContinueRouting = TRUE; }

@@ -37,22 +37,22 @@ constexpr BYTE GetBValue(COLORREF c) {
 // ---- raster modes, pen and brush styles, background modes -------------------
 
 // Binary raster operations: how a pen's colour P combines with the pixel D under it.
-constexpr int R2_BLACK = 1;        // 0
-constexpr int R2_NOTMERGEPEN = 2;  // ~(P | D)
-constexpr int R2_MASKNOTPEN = 3;   // ~P & D
-constexpr int R2_NOTCOPYPEN = 4;   // ~P
-constexpr int R2_MASKPENNOT = 5;   // P & ~D
-constexpr int R2_NOT = 6;          // ~D
-constexpr int R2_XORPEN = 7;       // P ^ D
-constexpr int R2_NOTMASKPEN = 8;   // ~(P & D)
-constexpr int R2_MASKPEN = 9;      // P & D
-constexpr int R2_NOTXORPEN = 10;   // ~(P ^ D): a black pen inverts, twice restores
-constexpr int R2_NOP = 11;         // D
-constexpr int R2_MERGENOTPEN = 12; // ~P | D
-constexpr int R2_COPYPEN = 13;     // P (the default)
-constexpr int R2_MERGEPENNOT = 14; // P | ~D
-constexpr int R2_MERGEPEN = 15;    // P | D
-constexpr int R2_WHITE = 16;       // 1
+constexpr int R2_BLACK = 1;         // 0
+constexpr int R2_NOTMERGEPEN = 2;   // ~(P | D)
+constexpr int R2_MASKNOTPEN = 3;    // ~P & D
+constexpr int R2_NOTCOPYPEN = 4;    // ~P
+constexpr int R2_MASKPENNOT = 5;    // P & ~D
+constexpr int R2_NOT = 6;           // ~D
+constexpr int R2_XORPEN = 7;        // P ^ D
+constexpr int R2_NOTMASKPEN = 8;    // ~(P & D)
+constexpr int R2_MASKPEN = 9;       // P & D
+constexpr int R2_NOTXORPEN = 10;    // ~(P ^ D): a black pen inverts, twice restores
+constexpr int R2_NOP = 11;          // D
+constexpr int R2_MERGENOTPEN = 12;  // ~P | D
+constexpr int R2_COPYPEN = 13;      // P (the default)
+constexpr int R2_MERGEPENNOT = 14;  // P | ~D
+constexpr int R2_MERGEPEN = 15;     // P | D
+constexpr int R2_WHITE = 16;        // 1
 
 namespace vglobal {
 // The colour a raster mode makes of pen colour `pen` over pixel `dest` (24 bits);

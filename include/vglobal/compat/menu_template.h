@@ -24,9 +24,9 @@
 namespace vglobal {
 
 struct MenuItemTemplate {
-  const wchar_t* text = nullptr;  // null for a separator
-  UINT id = 0;                    // command id; 0 for separators and pop-ups
-  UINT flags = 0;                 // MF_GRAYED, MF_CHECKED, MF_SEPARATOR, MF_POPUP ...
+  const wchar_t* text = nullptr;            // null for a separator
+  UINT id = 0;                              // command id; 0 for separators and pop-ups
+  UINT flags = 0;                           // MF_GRAYED, MF_CHECKED, MF_SEPARATOR, MF_POPUP ...
   const MenuItemTemplate* items = nullptr;  // a pop-up's items
   std::size_t count = 0;
 };
