@@ -4,3 +4,9 @@ target_sources(vglobal_widgets_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/dialog_view.cpp
   ${CMAKE_CURRENT_LIST_DIR}/dialog_view_build.cpp)
 target_sources(vglobal_widgets_obj PRIVATE ${CMAKE_CURRENT_LIST_DIR}/qt_dc.cpp)
+# Messages, timers, main windows, menus and transient drawing under Qt.
+target_sources(vglobal_widgets_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/qt_windows.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/main_window.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/menus.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/overlay.cpp)
