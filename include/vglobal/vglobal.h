@@ -9,6 +9,7 @@
 #include "vglobal/compat/dialog.h"
 #include "vglobal/compat/filestatus.h"
 #include "vglobal/compat/geometry.h"
+#include "vglobal/compat/image_list.h"
 #include "vglobal/compat/resources.h"
 #include "vglobal/compat/types.h"
 #include "vglobal/compat/unicode.h"

@@ -20,3 +20,7 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/controls_list.cpp
   ${CMAKE_CURRENT_LIST_DIR}/controls_listctrl.cpp
   ${CMAKE_CURRENT_LIST_DIR}/controls_number.cpp)
+# Bitmaps and image lists (sizes from the PNG header; pixels stay with the platform).
+target_sources(vglobal_core_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/png_header.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/image_list.cpp)
