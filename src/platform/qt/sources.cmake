@@ -6,3 +6,6 @@ target_sources(vglobal_widgets_obj PRIVATE
 target_sources(vglobal_widgets_obj PRIVATE ${CMAKE_CURRENT_LIST_DIR}/qt_dc.cpp)
 # Images, choosers, drag and drop.
 target_sources(vglobal_widgets_obj PRIVATE ${CMAKE_CURRENT_LIST_DIR}/qt_dc_image.cpp)
+target_sources(vglobal_widgets_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/choosers.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/drag_drop.cpp)
