@@ -13,6 +13,9 @@
 // - User-interface thread only.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "vglobal/compat/cstring.h"
 #include "vglobal/compat/window.h"
 #include "vglobal/export.h"
