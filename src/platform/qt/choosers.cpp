@@ -2,6 +2,8 @@
 // one, so that what the user sees and what tests drive are the same dialog.
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QTreeView>
 
 #include "platform/qt/qt_text.h"
 #include "vglobal/choosers.h"
@@ -26,6 +28,17 @@ QString NameFilter(const FileFilter& filter) {
          patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
 }
 
+// Qt's detail view starts with columns too narrow for a size or a date ("13....KiB"):
+// the name takes what is left, the other columns what their contents need.
+void ShowDetailsReadably(QFileDialog& dialog) {
+  for (QTreeView* view : dialog.findChildren<QTreeView*>()) {
+    QHeaderView* header = view->header();
+    header->setStretchLastSection(false);
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(0, QHeaderView::Stretch);
+  }
+}
+
 }  // namespace
 
 bool QtPlatform::ChooseFile(CWnd* owner, FileChooser& request) {
@@ -45,6 +58,7 @@ bool QtPlatform::ChooseFile(CWnd* owner, FileChooser& request) {
       dialog.selectNameFilter(filters[request.filterIndex]);
   }
   if (!request.folder.empty()) dialog.setDirectory(QString::fromStdWString(request.folder));
+  ShowDetailsReadably(dialog);
   if (!request.fileName.empty()) dialog.selectFile(QString::fromStdWString(request.fileName));
   if (!request.defaultExtension.empty())
     dialog.setDefaultSuffix(QString::fromStdWString(request.defaultExtension));
@@ -61,6 +75,7 @@ bool QtPlatform::ChooseFolder(CWnd* owner, const std::wstring& title, std::wstri
   dialog.setOption(QFileDialog::ShowDirsOnly);
   dialog.setFileMode(QFileDialog::Directory);
   if (!folder.empty()) dialog.setDirectory(QString::fromStdWString(folder));
+  ShowDetailsReadably(dialog);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
   folder = qt::ToWide(dialog.selectedFiles().constFirst());
   return true;
