@@ -18,6 +18,7 @@
 #include <functional>
 #include <memory>
 
+#include "services_pictures.h"
 #include "vglobal/frame.h"
 #include "vglobal/messages/message.h"
 #include "vglobal/util/string_split.h"
@@ -184,5 +185,9 @@ int main(int argc, char** argv) {
     ok &= RenderMessage(notFound, folder + QStringLiteral("/message_box.png"));
   }
   ok &= RenderTextFitting(folder + QStringLiteral("/text_fitting.png"));
+  ok &= render::RenderImageStrips(folder + QStringLiteral("/image_strips.png"));
+  ok &= render::RenderChoosers(folder + QStringLiteral("/file_chooser.png"),
+                               folder + QStringLiteral("/folder_chooser.png"),
+                               [](QDialog& dialog) { return WithTitleBar(dialog); });
   return ok ? 0 : 1;
 }

@@ -22,6 +22,15 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/controls_number.cpp)
 # The application object and its profile store.
 target_sources(vglobal_core_obj PRIVATE ${CMAKE_CURRENT_LIST_DIR}/app.cpp)
+# Bitmaps and image lists (sizes from the PNG header; pixels stay with the platform).
+target_sources(vglobal_core_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/png_header.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/image_list.cpp)
+# Choosers and drag and drop of the legacy API.
+target_sources(vglobal_core_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/file_dialog.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/global_memory.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/ole.cpp)
 # Messages, commands, timers, menus on screen and drawing on a window.
 target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/window_messages.cpp

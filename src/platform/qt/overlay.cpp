@@ -91,6 +91,9 @@ class OverlayDC final : public QtDC {
   BOOL TextOut(int x, int y, const wchar_t* text, int count) override {
     return Paint([&] { return QtDC::TextOut(x, y, text, count); });
   }
+  BOOL DrawImage(const ImageCell& cell, int x, int y, UINT style) override {
+    return Paint([&] { return QtDC::DrawImage(cell, x, y, style); });
+  }
 
  protected:
   void DrawLine(int x, int y, const std::wstring& line, int mnemonic) override {
