@@ -41,33 +41,36 @@ BOOL CCmdUI::DoUpdate(CCmdTarget* target, BOOL disableIfNoHandler) {
 namespace vglobal {
 
 void UpdateMenuCommandUI(CMenu& popup, CCmdTarget& target, bool disableIfNoHandler) {
+  // The pop-up is found again through its handle after every handler: a handler may
+  // destroy it, and with it the CMenu object the walk was given.
+  const HMENU handle = popup.GetSafeHmenu();
   CCmdUI state;
   state.m_pMenu = &popup;
   const int count = popup.GetMenuItemCount();
   if (count <= 0) return;
   state.m_nIndexMax = static_cast<UINT>(count);
   for (state.m_nIndex = 0; state.m_nIndex < state.m_nIndexMax; ++state.m_nIndex) {
-    state.m_nID = popup.GetMenuItemID(static_cast<int>(state.m_nIndex));
+    state.m_nID = state.m_pMenu->GetMenuItemID(static_cast<int>(state.m_nIndex));
     // Separators (0) and nested pop-ups (-1) have no command of their own; a nested
     // pop-up's items are updated when it opens.
     if (state.m_nID == 0 || state.m_nID == 0xFFFFFFFFu) continue;
     state.m_pSubMenu = nullptr;
     state.DoUpdate(&target, disableIfNoHandler);
 
+    state.m_pMenu = CMenu::FromHandle(handle);
+    if (!state.m_pMenu) return;
     // A handler that removed items leaves the walk past them; one that inserted
     // items after its own (a list of recent files) has them counted.
-    const int now = popup.GetMenuItemCount();
-    if (now < 0) return;  // the handler destroyed the pop-up
-    const UINT nowCount = static_cast<UINT>(now);
-    if (nowCount < state.m_nIndexMax) {
+    const UINT now = static_cast<UINT>(state.m_pMenu->GetMenuItemCount());
+    if (now < state.m_nIndexMax) {
       // Unsigned on purpose: removing the item at 0 wraps the index, and the loop's
       // step brings it back to 0, the item that moved up into its place.
-      state.m_nIndex -= state.m_nIndexMax - nowCount;
-      while (state.m_nIndex < nowCount &&
-             popup.GetMenuItemID(static_cast<int>(state.m_nIndex)) == state.m_nID)
+      state.m_nIndex -= state.m_nIndexMax - now;
+      while (state.m_nIndex < now &&
+             state.m_pMenu->GetMenuItemID(static_cast<int>(state.m_nIndex)) == state.m_nID)
         ++state.m_nIndex;
     }
-    state.m_nIndexMax = nowCount;
+    state.m_nIndexMax = now;
   }
 }
 

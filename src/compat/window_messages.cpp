@@ -112,7 +112,9 @@ CWnd::CWnd()
 CWnd::~CWnd() {
   vglobal::UnregisterWindow(serial_);
   vglobal::GetPlatform().WindowDestroyed(*this);
-  if (CMenu* menu = CMenu::FromHandle(messages_->menu)) menu->DestroyMenu();
+  // Through an object of its own: a wrapper from FromHandle would outlive the menu.
+  CMenu owned;
+  if (owned.Attach(messages_->menu)) owned.DestroyMenu();
 }
 
 void CWnd::AddMessage(UINT message, std::function<LRESULT(WPARAM, LPARAM)> handler) {

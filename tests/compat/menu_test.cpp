@@ -202,6 +202,27 @@ TEST_F(Menus, UpdateHandlersRunBeforeAPopupOpensAndGrayCommandsNobodyTakes) {
   EXPECT_EQ(tools->GetMenuState(ID_CUSTOMIZE, MF_BYCOMMAND), MF_GRAYED);
 }
 
+// A handler may replace the whole menu while its pop-up is being walked.
+class Replacer : public CWnd {
+ public:
+  Replacer() { OnUpdateCommandUI(ID_OPEN, &Replacer::OnUpdateOpen); }
+  CMenu bar;
+  int updates = 0;
+  void OnUpdateOpen(CCmdUI*) {
+    ++updates;
+    bar.DestroyMenu();
+  }
+};
+
+TEST_F(Menus, AnUpdateHandlerThatDestroysTheMenuEndsTheWalk) {
+  Replacer window;
+  window.bar.LoadMenu(IDR_MAIN);
+  CMenu* file = window.bar.GetSubMenu(0);
+  vglobal::NotifyMenuOpening(window, *file, 0);
+  EXPECT_EQ(window.updates, 1);
+  EXPECT_EQ(window.bar.m_hMenu, nullptr);
+}
+
 TEST_F(Menus, APopupReturnsTheChoiceOrPostsItToTheOwner) {
   MainFrame frame;
   frame.toolbarShown = true;
