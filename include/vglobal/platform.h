@@ -84,6 +84,29 @@ class VGLOBAL_EXPORT Platform {
   // ---- windows: messages, timers, menus, drawing on a window -----------------
 
   // ---- images, choosers, drag and drop --------------------------------------
+
+  // Asks the user for a file (vglobal/choosers.h: what the request holds). On true,
+  // request.path is the chosen file's full path and request.filterIndex the filter
+  // in force. The headless default asks nobody and answers false, as Cancel does.
+  virtual bool ChooseFile(CWnd* owner, struct FileChooser& request);
+
+  // Asks the user for a folder: `folder` is where to start and, on true, the
+  // chosen folder's full path. The headless default answers false (Cancel).
+  virtual bool ChooseFolder(CWnd* owner, const std::wstring& title, std::wstring& folder);
+
+  // Runs a drag loop that offers `data` (vglobal/drag_drop.h) with the
+  // DROPEFFECT_ bits `allowedEffects`, and returns the effect the drop target
+  // chose, DROPEFFECT_NONE when nothing was dropped. The headless default has no
+  // pointer to drag with and answers DROPEFFECT_NONE at once.
+  virtual DWORD DoDragDrop(const class DragPayload& data, DWORD allowedEffects);
+
+  // Makes `window` a drop target: drags over it are told to `sink` (not owned;
+  // alive until RevokeDropTarget) with points in the window's client coordinates.
+  // False when the window cannot take drops or already has a target. The headless
+  // default accepts and remembers nothing: no drag ever reaches it.
+  virtual bool RegisterDropTarget(CWnd& window, class DropSink& sink);
+  // Ends what RegisterDropTarget began; nothing for a sink that is not registered.
+  virtual void RevokeDropTarget(CWnd& window, DropSink& sink);
 };
 
 // The headless platform: message boxes go to standard error and answer IDOK,

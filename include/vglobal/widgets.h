@@ -4,5 +4,6 @@
 
 #include "vglobal/vglobal.h"
 
+#include "vglobal/qt/drag_drop.h"
 #include "vglobal/qt/qt_dc.h"
 #include "vglobal/qt/qt_platform.h"

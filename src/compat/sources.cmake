@@ -32,3 +32,12 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/controls/list_ctrl.cpp
   ${CMAKE_CURRENT_LIST_DIR}/controls/toolbar.cpp
   ${CMAKE_CURRENT_LIST_DIR}/controls/spin.cpp)
+# Bitmaps and image lists (sizes from the PNG header; pixels stay with the platform).
+target_sources(vglobal_core_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/png_header.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/image_list.cpp)
+# Choosers and drag and drop of the legacy API.
+target_sources(vglobal_core_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/file_dialog.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/global_memory.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/ole.cpp)

@@ -1,15 +1,20 @@
 // A platform for tests: message boxes are recorded and answered from a queue,
 // modal dialogs are opened headless and played by a script through DialogDriver,
-// nothing is started on the desktop, status-bar texts are recorded. Installed while
-// the object lives.
+// nothing is started on the desktop, status-bar texts are recorded, choosers are
+// answered from queues and drag loops are played by scripts over the registered
+// drop targets. Installed while the object lives.
 #pragma once
 
 #include <deque>
 #include <functional>
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "vglobal/choosers.h"
 #include "vglobal/compat/dialog.h"
+#include "vglobal/drag_drop.h"
 #include "vglobal/platform.h"
 
 namespace vglobal::testing {
@@ -72,6 +77,72 @@ class ScriptedPlatform : public Platform {
   bool SetStatusBarText(const wchar_t* text) override {
     statusTexts.push_back(text ? text : L"");
     return true;
+  }
+
+  // ---- choosers: requests recorded, answers taken in turn (nullopt or none: Cancel)
+
+  std::vector<FileChooser> fileRequests;
+  std::deque<std::optional<std::wstring>> fileAnswers;
+  std::vector<std::wstring> folderRequests;  // title, then the folder to start in
+  std::deque<std::optional<std::wstring>> folderAnswers;
+
+  bool ChooseFile(CWnd* /*owner*/, FileChooser& request) override {
+    fileRequests.push_back(request);
+    std::optional<std::wstring> answer = Next(fileAnswers);
+    if (!answer) return false;
+    request.path = *answer;
+    return true;
+  }
+  bool ChooseFolder(CWnd* /*owner*/, const std::wstring& title, std::wstring& folder) override {
+    folderRequests.push_back(title);
+    folderRequests.push_back(folder);
+    std::optional<std::wstring> answer = Next(folderAnswers);
+    if (!answer) return false;
+    folder = *answer;
+    return true;
+  }
+
+  // ---- drag and drop ----------------------------------------------------------
+
+  // What the user does in the next drag loop; answers the loop's effect. Without a
+  // script a drag ends at once with DROPEFFECT_NONE.
+  using DragScript = std::function<DWORD(const DragPayload& data, DWORD allowed)>;
+  std::deque<DragScript> dragScripts;
+  std::map<CWnd*, DropSink*> dropTargets;
+  int dragLoops = 0;
+
+  DWORD DoDragDrop(const DragPayload& data, DWORD allowed) override {
+    ++dragLoops;
+    if (dragScripts.empty()) return DROPEFFECT_NONE;
+    DragScript script = std::move(dragScripts.front());
+    dragScripts.pop_front();
+    return script(data, allowed);
+  }
+  bool RegisterDropTarget(CWnd& window, DropSink& sink) override {
+    return dropTargets.emplace(&window, &sink).second;
+  }
+  void RevokeDropTarget(CWnd& window, DropSink& sink) override {
+    auto it = dropTargets.find(&window);
+    if (it != dropTargets.end() && it->second == &sink) dropTargets.erase(it);
+  }
+
+  // The pointer enters `window`, moves to `point` and is released there with
+  // `keyState`: the drop's effect (DROPEFFECT_NONE where no target is registered).
+  DWORD DropOn(CWnd& window, const DragPayload& data, DWORD allowed, POINT point, DWORD keyState) {
+    auto it = dropTargets.find(&window);
+    if (it == dropTargets.end()) return DROPEFFECT_NONE;
+    it->second->DragEnter(data, keyState | MK_LBUTTON, POINT{0, 0}, allowed);
+    it->second->DragOver(data, keyState | MK_LBUTTON, point, allowed);
+    return it->second->Drop(data, keyState, point, allowed);
+  }
+
+ private:
+  template <typename T>
+  static std::optional<T> Next(std::deque<std::optional<T>>& answers) {
+    if (answers.empty()) return std::nullopt;
+    std::optional<T> answer = std::move(answers.front());
+    answers.pop_front();
+    return answer;
   }
 };
 

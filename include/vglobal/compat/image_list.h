@@ -30,6 +30,17 @@ constexpr UINT ILD_TRANSPARENT = 0x0001;
 constexpr UINT ILD_FOCUS = 0x0004;
 constexpr UINT ILD_SELECTED = 0x0004;
 
+namespace vglobal {
+// The library's bitmap resources (resources/images/README.md lists their images in
+// order). Both strips of a pair hold the same images in the same order.
+constexpr UINT kCommandImagesSmall = 5812;      // 24 command images, 16 x 15 each
+constexpr UINT kCommandImagesBig = 5813;        // the same, 24 x 24 each
+constexpr UINT kDemoToolbarImagesSmall = 5814;  // a demonstration master toolbar, 16 x 15
+constexpr UINT kDemoToolbarImagesBig = 5815;    // the same, 24 x 24 each
+constexpr int kCommandImageCount = 24;
+constexpr int kDemoToolbarImageCount = 18;
+}  // namespace vglobal
+
 struct BITMAP {
   LONG bmType;
   LONG bmWidth;

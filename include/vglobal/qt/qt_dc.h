@@ -25,6 +25,12 @@ class VGLOBAL_EXPORT QtDC : public CDC {
   CSize GetTextExtent(const wchar_t* text, int count) const override;
   BOOL TextOut(int x, int y, const wchar_t* text, int count) override;
   BOOL GetTextMetrics(LPTEXTMETRIC metrics) const override;
+  // Decodes the cell's strip (once per strip: strips are static resource data, so
+  // they are remembered by address) and draws the cell. FALSE without a painter, for
+  // bytes that are not a PNG image, or a cell outside the strip. ILD_SELECTED blends
+  // the image half-way with the palette's highlight colour; other styles draw it
+  // with its own transparency.
+  BOOL DrawImage(const ImageCell& cell, int x, int y, UINT style) override;
   using CDC::GetTextExtent;
   using CDC::TextOut;
 

@@ -55,6 +55,23 @@ class VGLOBAL_EXPORT QtPlatform : public Platform {
   // ---- windows: messages, timers, menus, drawing on a window -----------------
 
   // ---- images, choosers, drag and drop --------------------------------------
+
+  // A QFileDialog owned by the owner's widget, always Qt's own (not the desktop's),
+  // so that every desktop and every test sees the same dialog. The file types are
+  // the request's filters, each shown with the label alone; "must exist" makes the
+  // dialog accept only an existing file; the default extension is added to a name
+  // typed without one.
+  bool ChooseFile(CWnd* owner, FileChooser& request) override;
+  // The same dialog choosing a folder (folders shown only).
+  bool ChooseFolder(CWnd* owner, const std::wstring& title, std::wstring& folder) override;
+  // A QDrag offering each format's bytes under its MIME type, run by the drag loop
+  // in force (vglobal/qt/drag_drop.h).
+  DWORD DoDragDrop(const DragPayload& data, DWORD allowedEffects) override;
+  // Watches the window's QWidget for drags (an event filter; the widget is made to
+  // accept drops). False when the window has no QWidget or already has a target.
+  // The registration ends by itself when the widget is destroyed.
+  bool RegisterDropTarget(CWnd& window, DropSink& sink) override;
+  void RevokeDropTarget(CWnd& window, DropSink& sink) override;
 };
 
 // Opens a dialog model (its controls are made and OnInitDialog runs) and renders it
