@@ -301,3 +301,21 @@ CString CToolBarCtrl::GetButtonTip(int index) const {
   const std::size_t lineFeed = text->find(L'\n');
   return lineFeed == std::wstring_view::npos ? CString() : CString(text->substr(lineFeed + 1));
 }
+
+int CToolBarCtrl::AddBitmap(int numButtons, UINT bitmapId) {
+  ToolBarState* c = StateAs<ToolBarState>(state());
+  if (!c || numButtons <= 0 || numButtons > 4096) return -1;
+  CBitmap strip;
+  if (!strip.LoadBitmap(bitmapId)) return -1;
+  CImageList* list = c->images ? c->images : c->ownImages.get();
+  const CSize imageSize = list ? list->GetImageSize() : c->bitmapSize;
+  if (strip.GetSize() != CSize(numButtons * imageSize.cx, imageSize.cy)) return -1;
+  if (!list) {
+    c->ownImages = std::make_unique<CImageList>();
+    c->ownImages->Create(imageSize.cx, imageSize.cy, ILC_COLOR32 | ILC_MASK, numButtons, 0);
+    list = c->images = c->ownImages.get();
+  }
+  const int first = list->Add(&strip, static_cast<CBitmap*>(nullptr));
+  if (first >= 0) Changed(vglobal::kAspectItems);
+  return first;
+}
