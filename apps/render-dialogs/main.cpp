@@ -18,6 +18,7 @@
 #include <functional>
 #include <memory>
 
+#include "controls_demo.h"
 #include "vglobal/frame.h"
 #include "vglobal/messages/message.h"
 #include "vglobal/util/string_split.h"
@@ -187,5 +188,9 @@ int main(int argc, char** argv) {
     ok &= RenderMessage(notFound, folder + QStringLiteral("/message_box.png"));
   }
   ok &= RenderTextFitting(folder + QStringLiteral("/text_fitting.png"));
+  {
+    CControlsDemoDlg demo;
+    ok &= Render(demo, folder + QStringLiteral("/controls-demo.png"));
+  }
   return ok ? 0 : 1;
 }

@@ -53,7 +53,7 @@ class FrameWidget final : public QWidget {
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
-    const QColor shadow = palette().color(QPalette::Mid);
+    const QColor shadow = palette().color(QPalette::Dark);
     const QColor light = palette().color(QPalette::Light);
     const int w = width(), h = height();
     if (style_ & kBlackRect) {

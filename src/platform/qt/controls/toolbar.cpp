@@ -94,7 +94,7 @@ class ToolBarWidget final : public QWidget {
 
   void DrawSeparator(QPainter& painter, const QRect& area) const {
     const int x = area.center().x();
-    painter.setPen(palette().color(QPalette::Mid));
+    painter.setPen(palette().color(QPalette::Dark));
     painter.drawLine(x, area.top() + 2, x, area.bottom() - 2);
     painter.setPen(palette().color(QPalette::Light));
     painter.drawLine(x + 1, area.top() + 2, x + 1, area.bottom() - 2);
@@ -106,10 +106,10 @@ class ToolBarWidget final : public QWidget {
     if (!checked && !(hovered && (b.fsState & TBSTATE_ENABLED))) return;
     const QRect r = area.adjusted(0, 0, -1, -1);
     if (checked) painter.fillRect(r, palette().color(QPalette::Midlight));
-    painter.setPen(palette().color(checked ? QPalette::Mid : QPalette::Light));
+    painter.setPen(palette().color(checked ? QPalette::Dark : QPalette::Light));
     painter.drawLine(r.topLeft(), r.topRight());
     painter.drawLine(r.topLeft(), r.bottomLeft());
-    painter.setPen(palette().color(checked ? QPalette::Light : QPalette::Mid));
+    painter.setPen(palette().color(checked ? QPalette::Light : QPalette::Dark));
     painter.drawLine(r.bottomLeft(), r.bottomRight());
     painter.drawLine(r.topRight(), r.bottomRight());
   }
