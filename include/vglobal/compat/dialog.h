@@ -161,7 +161,10 @@ class VGLOBAL_EXPORT CDialog : public CWnd {
   void GetWindowText(CString& text) const override;
   using CWnd::GetWindowText;
 
-  // For platforms and views: the controls in template order.
+  // For platforms and views: the controls in template order, then those made while
+  // open. A control's template (null out of range) is valid until the next control is
+  // made or the dialog closes; one made while open has no place in dialog units (its
+  // x, y, cx and cy are 0): its rectangle is the window's (CWnd::GetWindowRect).
   int GetControlCount() const;
   CWnd* GetControlAt(int index) const;  // the dialog's own handle, null out of range
   const vglobal::ControlTemplate* GetControlTemplateAt(int index) const;
