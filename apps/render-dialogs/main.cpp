@@ -19,6 +19,7 @@
 #include <memory>
 
 #include "services_pictures.h"
+#include "controls_demo.h"
 #include "vglobal/frame.h"
 #include "vglobal/messages/message.h"
 #include "vglobal/util/string_split.h"
@@ -189,5 +190,9 @@ int main(int argc, char** argv) {
   ok &= render::RenderChoosers(folder + QStringLiteral("/file_chooser.png"),
                                folder + QStringLiteral("/folder_chooser.png"),
                                [](QDialog& dialog) { return WithTitleBar(dialog); });
+  {
+    CControlsDemoDlg demo;
+    ok &= Render(demo, folder + QStringLiteral("/controls-demo.png"));
+  }
   return ok ? 0 : 1;
 }

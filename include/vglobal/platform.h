@@ -18,6 +18,7 @@
 #include <string>
 
 #include "vglobal/compat/cstring.h"
+#include "vglobal/compat/geometry.h"
 #include "vglobal/compat/types.h"
 #include "vglobal/export.h"
 
@@ -82,6 +83,23 @@ class VGLOBAL_EXPORT Platform {
   virtual DWORD TickCount();
 
   // ---- dialogs: geometry and modeless dialogs --------------------------------
+
+  // Pixels per dialog unit of a dialog whose font has `fontSize` points (0: the
+  // platform's dialog font): cx is four horizontal units (the font's average
+  // character width), cy eight vertical units (its height). Default: 6 x 13
+  // whatever the size, so that headless layouts are the same on every machine.
+  virtual CSize DialogBaseUnits(int fontSize);
+  // The screen's rectangle, where windows without a parent are placed and
+  // centred. Default: 1920 x 1080 at the origin.
+  virtual CRect ScreenRect();
+  // Creates the window of a modeless dialog: opens the model (its OnInitDialog
+  // runs) and shows it without waiting for it to end. FALSE when it cannot be
+  // opened (no template, open already). Default: opens the model without a view,
+  // for programs and tests that drive it with DialogDriver.
+  virtual BOOL CreateModeless(CDialog& dialog);
+  // Destroys the window of a modeless dialog: closes the model (OnDestroy runs)
+  // and takes its view away. Nothing happens when it is not open.
+  virtual void DestroyModeless(CDialog& dialog);
 
   // ---- windows: messages, timers, menus, drawing on a window -----------------
 

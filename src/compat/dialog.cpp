@@ -25,53 +25,7 @@ DialogHelpHandler& HelpHandler() {
 
 constexpr DWORD kHasDefId = 0x534B;  // high word of GetDefID: "a default id is set"
 
-std::unique_ptr<DialogControl> MakeHandle(ControlKind kind) {
-  switch (kind) {
-    case ControlKind::Static:
-      return std::make_unique<CStatic>();
-    case ControlKind::Edit:
-      return std::make_unique<CEdit>();
-    case ControlKind::NumericEdit:
-      return std::make_unique<NumericEdit>();
-    case ControlKind::ListBox:
-      return std::make_unique<CListBox>();
-    case ControlKind::ComboBox:
-      return std::make_unique<CComboBox>();
-    case ControlKind::ListCtrl:
-      return std::make_unique<CListCtrl>();
-    case ControlKind::CheckBox:
-    case ControlKind::RadioButton:
-    case ControlKind::PushButton:
-    case ControlKind::GroupBox:
-      break;
-  }
-  return std::make_unique<CButton>();
-}
-
-// The focus notifications a kind sends: {set, kill}; buttons send none.
-std::pair<UINT, UINT> FocusCodes(ControlKind kind, bool& sends) {
-  sends = true;
-  switch (kind) {
-    case ControlKind::Edit:
-    case ControlKind::NumericEdit:
-      return {EN_SETFOCUS, EN_KILLFOCUS};
-    case ControlKind::ListBox:
-      return {LBN_SETFOCUS, LBN_KILLFOCUS};
-    case ControlKind::ComboBox:
-      return {CBN_SETFOCUS, CBN_KILLFOCUS};
-    case ControlKind::ListCtrl:
-      return {NM_SETFOCUS, NM_KILLFOCUS};
-    default:
-      sends = false;
-      return {0, 0};
-  }
-}
-
 }  // namespace
-
-bool ControlState::CanFocus() const {
-  return enabled && visible && kind != ControlKind::Static && kind != ControlKind::GroupBox;
-}
 
 std::pair<int, int> GroupOf(const DialogState& w, int index) {
   const int n = static_cast<int>(w.controls.size());
@@ -87,6 +41,8 @@ void SetDialogHelpHandler(DialogHelpHandler handler) {
 }
 
 DialogObserver::~DialogObserver() = default;
+void DialogObserver::ControlAdded(int /*index*/) {}
+void DialogObserver::DialogChanged(unsigned /*aspects*/) {}
 
 // ---- 2. the window ---------------------------------------------------------------
 
@@ -107,15 +63,21 @@ void DialogAccess::Changed(const ControlState& c, unsigned aspects) {
   if (w.observer && !w.closing) w.observer->ControlChanged(c.index, aspects);
 }
 
-bool DialogAccess::Send(CDialog& d, int id, UINT code, NMHDR* hdr) {
+void DialogAccess::DialogChanged(CDialog& d, unsigned aspects) {
+  DialogState& w = *d.impl_;
+  if (w.open && w.observer && !w.closing) w.observer->DialogChanged(aspects);
+}
+
+bool DialogAccess::Send(CDialog& d, int id, UINT code, NMHDR* hdr, LRESULT* result) {
   DialogState& w = *d.impl_;
   for (std::size_t i = 0; i < w.routes.size(); ++i) {
     const DialogState::Route& r = w.routes[i];
     if (id < r.first || id > r.last || code != r.code) continue;
     DialogHandler handler = r.handler;  // the handler may add routes
-    LRESULT result = 0;
+    LRESULT answer = 0;
     NMHDR plain{nullptr, static_cast<UINT_PTR>(id), code};
-    handler(static_cast<UINT>(id), hdr ? hdr : &plain, &result);
+    handler(static_cast<UINT>(id), hdr ? hdr : &plain, &answer);
+    if (result) *result = answer;
     return true;
   }
   if (code != BN_CLICKED) return false;
@@ -141,20 +103,13 @@ void DialogAccess::Notify(const ControlState& c, UINT code) {
   Send(d, c.id, code, &hdr);
 }
 
-void DialogAccess::NotifyListView(const ControlState& c, UINT code, int item, int subItem,
-                                  UINT oldState, UINT newState) {
+LRESULT DialogAccess::NotifyRecord(const ControlState& c, UINT code, NMHDR& hdr) {
   CDialog& d = *c.dialog;
-  if (!d.impl_->open || d.impl_->closing) return;
-  NMHDR hdr{c.own->GetSafeHwnd(), static_cast<UINT_PTR>(c.id), code};
-  LPARAM data = c.InRange(item) ? static_cast<LPARAM>(c.items[item].data) : 0;
-  UINT changed = oldState != newState ? LVIF_STATE : 0;
-  if (code == NM_CLICK || code == NM_DBLCLK) {
-    NMITEMACTIVATE record{hdr, item, subItem, newState, oldState, changed, {0, 0}, data, 0};
-    Send(d, c.id, code, &record.hdr);
-  } else {
-    NMLISTVIEW record{hdr, item, subItem, newState, oldState, changed, {0, 0}, data};
-    Send(d, c.id, code, &record.hdr);
-  }
+  if (!d.impl_->open || d.impl_->closing) return 0;
+  hdr = NMHDR{c.own->GetSafeHwnd(), static_cast<UINT_PTR>(c.id), code};
+  LRESULT result = 0;
+  Send(d, c.id, code, &hdr, &result);
+  return result;
 }
 
 void DialogAccess::SetFocus(CDialog& d, int index) {
@@ -163,57 +118,18 @@ void DialogAccess::SetFocus(CDialog& d, int index) {
   if (index >= 0 && !(At(d, index) && At(d, index)->CanFocus())) return;
   const int old = w.focus;
   w.focus = index;
-  bool sends = false;
+  UINT set = 0, kill = 0;
   if (ControlState* c = At(d, old)) {
-    UINT kill = FocusCodes(c->kind, sends).second;
-    if (sends) Notify(*c, kill);
+    if (c->FocusCodes(set, kill)) Notify(*c, kill);
     if (!w.open || w.focus != index) return;  // a handler moved the focus elsewhere
   }
   if (w.observer) w.observer->FocusChanged(index);
-  if (ControlState* c = At(d, index)) {
-    UINT set = FocusCodes(c->kind, sends).first;
-    if (sends) Notify(*c, set);
-  }
+  if (ControlState* c = At(d, index))
+    if (c->FocusCodes(set, kill)) Notify(*c, set);
 }
 
 void DialogAccess::LostAvailability(const ControlState& c) {
   if (c.dialog->impl_->focus == c.index) SetFocus(*c.dialog, -1);
-}
-
-void DialogAccess::Open(CDialog& d) {
-  DialogState& w = *d.impl_;
-  const DialogTemplate* t = d.GetTemplate();
-  w.open = true;
-  w.ended = false;
-  w.endCode = 0;
-  w.focus = -1;
-  w.openTemplate = t;
-  if (!w.titleSet) w.title = t->title;
-  for (std::size_t i = 0; i < t->controlCount; ++i) {
-    const ControlTemplate& ct = t->controls[i];
-    auto c = std::make_unique<ControlState>();
-    c->dialog = &d;
-    c->index = static_cast<int>(i);
-    c->id = ct.id;
-    c->kind = ct.kind;
-    c->style = ct.style;
-    c->enabled = !(ct.style & kDisabled);
-    c->visible = !(ct.style & kHidden);
-    c->readOnly = c->IsEdit() && (ct.style & kReadOnly);
-    if (ct.kind == ControlKind::CheckBox || ct.kind == ControlKind::RadioButton ||
-        ct.kind == ControlKind::PushButton || ct.kind == ControlKind::GroupBox ||
-        ct.kind == ControlKind::Static || c->IsEdit() ||
-        (ct.kind == ControlKind::ComboBox && !(ct.style & kDropDownList))) {
-      c->text = ct.text ? ct.text : L"";
-      if (c->IsEdit() && static_cast<int>(c->text.size()) > c->limit) c->text.resize(c->limit);
-    }
-    std::unique_ptr<DialogControl> handle = MakeHandle(ct.kind);
-    ControlState::Attach(*handle, c.get());
-    c->own = handle.get();
-    w.controls.push_back(std::move(c));
-    w.handles.push_back(std::move(handle));
-  }
-  if (w.observer) w.observer->Opened();
 }
 
 void DialogAccess::Destroy(CDialog& d) {
@@ -231,7 +147,10 @@ void DialogAccess::Destroy(CDialog& d) {
   }
   w.controls.clear();
   w.handles.clear();
+  w.templates.clear();
+  w.createdTexts.clear();
   w.open = false;
+  w.modeless = false;
   w.closing = false;
   w.focus = -1;
   w.openTemplate = nullptr;
@@ -273,8 +192,12 @@ INT_PTR CDialog::DoModal() {
 }
 
 void CDialog::EndDialog(int result) {
-  impl_->ended = true;
   impl_->endCode = result;
+  if (impl_->modeless) {
+    ShowWindow(SW_HIDE);
+    return;
+  }
+  impl_->ended = true;
   if (impl_->open && impl_->observer) impl_->observer->Ended(result);
 }
 
@@ -367,10 +290,12 @@ void CDialog::CheckRadioButton(int first, int last, int check) {
 
 int CDialog::GetCheckedRadioButton(int first, int last) const {
   int found = 0;
-  for (const auto& c : impl_->controls)
-    if (c->id >= first && c->id <= last && c->IsButton() && c->check == BST_CHECKED &&
+  for (const auto& c : impl_->controls) {
+    auto* button = dynamic_cast<CButton*>(c->own);
+    if (c->id >= first && c->id <= last && button && button->GetCheck() == BST_CHECKED &&
         (found == 0 || c->id < found))
       found = c->id;
+  }
   return found;
 }
 
@@ -394,9 +319,9 @@ void CDialog::GotoDlgCtrl(CWnd* control) {
   auto* dc = dynamic_cast<vglobal::DialogControl*>(control);
   ControlState* c = dc ? ControlState::Of(*dc) : nullptr;
   if (!c || c->dialog != this) return;
-  DialogAccess::SetFocus(*this, c->index);
-  if (auto* edit = dynamic_cast<CEdit*>(c->own); edit && impl_->focus == c->index)
-    edit->SetSel(0, -1);
+  const int index = c->index;
+  DialogAccess::SetFocus(*this, index);
+  if (impl_->focus == index) DialogAccess::At(*this, index)->FocusedByDialog();
 }
 
 void CDialog::SetDefID(UINT id) {
@@ -412,12 +337,13 @@ DWORD CDialog::GetDefID() const {
   if (id == 0) {
     id = IDOK;
     if (const vglobal::DialogTemplate* t = GetTemplate())
-      for (std::size_t i = 0; i < t->controlCount; ++i)
-        if (t->controls[i].kind == vglobal::ControlKind::PushButton &&
-            (t->controls[i].style & vglobal::kDefault)) {
+      for (std::size_t i = 0; i < t->controlCount; ++i) {
+        const vglobal::ControlClass* cls = vglobal::FindControlClass(t->controls[i].kind);
+        if (cls && (t->controls[i].style & cls->styles & vglobal::kDefault)) {
           id = static_cast<UINT>(t->controls[i].id);
           break;
         }
+      }
   }
   return (vglobal::kHasDefId << 16) | (id & 0xFFFF);
 }
@@ -449,9 +375,9 @@ CWnd* CDialog::GetControlAt(int index) const {
 }
 
 const vglobal::ControlTemplate* CDialog::GetControlTemplateAt(int index) const {
-  const vglobal::DialogTemplate* t = impl_->openTemplate;
-  if (!t || index < 0 || static_cast<std::size_t>(index) >= t->controlCount) return nullptr;
-  return &t->controls[index];
+  const auto& templates = impl_->templates;
+  if (index < 0 || static_cast<std::size_t>(index) >= templates.size()) return nullptr;
+  return &templates[index];
 }
 
 void CDialog::SetObserver(vglobal::DialogObserver* observer) {
@@ -464,11 +390,14 @@ BOOL CDialog::OnInitDialog() {
 }
 
 void CDialog::OnOK() {
-  if (UpdateData(TRUE)) EndDialog(IDOK);
+  if (!UpdateData(TRUE)) return;
+  EndDialog(IDOK);
+  if (impl_->modeless) DestroyWindow();
 }
 
 void CDialog::OnCancel() {
   EndDialog(IDCANCEL);
+  if (impl_->modeless) DestroyWindow();
 }
 
 void CDialog::OnHelp() {
@@ -477,10 +406,18 @@ void CDialog::OnHelp() {
 }
 
 void CDialog::OnClose() {
+  if (impl_->modeless) {
+    DestroyWindow();
+    return;
+  }
   if (CWnd* cancel = GetDlgItem(IDCANCEL); cancel && !cancel->IsWindowEnabled()) return;
   DialogAccess::Send(*this, IDCANCEL, BN_CLICKED);
 }
 
 void CDialog::OnDestroy() {}
+
+void CDialog::OnDrawItem(int id, LPDRAWITEMSTRUCT drawItem) {
+  if (auto* control = GetDlgItemAs<CStatic>(id)) control->DrawItem(drawItem);
+}
 
 void CDialog::DoDataExchange(CDataExchange* /*dx*/) {}

@@ -147,7 +147,7 @@ void DDX_Radio(CDataExchange* dx, int id, int& value) {
   dx->PrepareCtrl(id);
   CDialog& dialog = *dx->m_pDlgWnd;
   vglobal::ControlState* first = vglobal::DialogAccess::Find(dialog, id);
-  if (!first || !first->Is(vglobal::ControlKind::RadioButton)) {
+  if (!first || !first->InRadioGroup()) {
     ReportMissing(dx, id, "radio button");
     return;
   }
@@ -157,12 +157,12 @@ void DDX_Radio(CDataExchange* dx, int id, int& value) {
   for (int i = first->index; i < count; ++i) {
     vglobal::ControlState& c = *vglobal::DialogAccess::At(dialog, i);
     if (i > first->index && c.HasStyle(vglobal::kGroup)) break;
-    if (!c.Is(vglobal::ControlKind::RadioButton)) continue;
-    auto& handle = static_cast<CButton&>(*c.own);
+    auto* handle = dynamic_cast<CButton*>(c.own);
+    if (!c.InRadioGroup() || !handle) continue;
     if (dx->m_bSaveAndValidate) {
-      if (handle.GetCheck() == BST_CHECKED) value = button;
+      if (handle->GetCheck() == BST_CHECKED) value = button;
     } else {
-      handle.SetCheck(button == value ? BST_CHECKED : BST_UNCHECKED);
+      handle->SetCheck(button == value ? BST_CHECKED : BST_UNCHECKED);
     }
     ++button;
   }

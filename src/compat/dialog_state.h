@@ -1,6 +1,11 @@
-// Inside an open dialog: the state of each control, the dialog's own state, and the
+// Inside an open dialog: what every control holds, the dialog's own state, and the
 // few entry points through which controls, the driver and data exchange reach the
 // dialog. Private to the compat units.
+//
+// A control's state is an object of its kind's class (src/compat/controls/<kind>.cpp),
+// derived from ControlState: the kind decides what the control holds, which handle
+// class stands for it, which notifications its focus sends and which of the user's
+// actions it takes. Nothing outside a kind's own file asks which kind a control is.
 #pragma once
 
 #include <memory>
@@ -11,69 +16,63 @@
 
 namespace vglobal {
 
-struct ListItem {
-  std::wstring text;                   // the row's text (column 0 of a list control)
-  std::vector<std::wstring> subItems;  // list controls: columns 1...
-  DWORD_PTR data = 0;
-  int image = -1;
-  bool selected = false;
-};
+class UserAction;
 
-struct ListColumn {
-  std::wstring heading;
-  int format = LVCFMT_LEFT;
-  int width = -1;
-};
-
-// Everything a control holds. One struct for every kind keeps the handles thin;
-// fields that do not apply to a kind stay at their defaults.
 struct ControlState {
+  virtual ~ControlState();
+
   CDialog* dialog = nullptr;
-  int index = 0;  // position in the template
+  int index = 0;  // position in the dialog's control list
   int id = 0;
   ControlKind kind = ControlKind::Static;
   UINT style = 0;
-
   std::wstring text;
   bool enabled = true;
   bool visible = true;
-
-  // edits and the edit field of combo boxes
-  int limit = CEdit::kDefaultLimit;
-  bool readOnly = false;
-  bool modified = false;
-  int selStart = 0;
-  int selEnd = 0;
-  // numeric edits
-  double min = -1.7976931348623157e308;
-  double max = 1.7976931348623157e308;
-  int decimals = -1;
-  bool integer = false;
-  // buttons
-  int check = BST_UNCHECKED;
-  // list boxes, combo boxes, list controls
-  std::vector<ListItem> items;
-  int curSel = -1;  // single-selection list box and combo box
-  int caret = -1;   // multi-selection list box: caret row; list control: focused row
-  int topIndex = 0;
-  std::vector<int> tabStops;
-  std::vector<ListColumn> columns;
-  DWORD extendedStyle = 0;
+  CRect rect;  // in the dialog's client area, pixels
 
   // The dialog's own handle for this control, and a member attached to it
-  // (DDX_Control), which GetDlgItem prefers.
+  // (DDX_Control, SubclassDlgItem, Create), which GetDlgItem prefers.
   DialogControl* own = nullptr;
   DialogControl* member = nullptr;
 
-  bool Is(ControlKind k) const { return kind == k; }
-  bool IsButton() const {
-    return kind == ControlKind::PushButton || kind == ControlKind::CheckBox ||
-           kind == ControlKind::RadioButton;
-  }
-  bool IsEdit() const { return kind == ControlKind::Edit || kind == ControlKind::NumericEdit; }
   bool HasStyle(UINT bit) const { return (style & bit) != 0; }
-  bool CanFocus() const;
-  bool InRange(int row) const { return row >= 0 && static_cast<std::size_t>(row) < items.size(); }
+  bool CanFocus() const { return enabled && visible && TakesFocus(); }
+
+  // ---- what a kind decides -------------------------------------------------
+  virtual std::unique_ptr<DialogControl> MakeHandle() const = 0;
+  // Fills the state from the template's text and style when the control is made.
+  // The base takes the text as it stands.
+  virtual void Init(const wchar_t* templateText);
+  // Runs once every control of the dialog exists (a spin button finds its buddy).
+  virtual void DialogOpened() {}
+  virtual bool TakesFocus() const { return true; }
+  // The notifications the focus sends {set, kill}; false when the kind sends none.
+  virtual bool FocusCodes(UINT& set, UINT& kill) const;
+  // The dialog moved the focus here with the keyboard or GotoDlgCtrl.
+  virtual void FocusedByDialog() {}
+  // Radio buttons: member of the group its kGroup marks delimit.
+  virtual bool InRadioGroup() const { return false; }
+  // Push buttons: Enter clicks the focused one.
+  virtual bool PressedByEnter() const { return false; }
+  // Multi-line edits with kWantReturn keep Enter for themselves.
+  virtual bool WantsReturn() const { return false; }
+
+  // ---- the user's actions (DialogDriver) --------------------------------------
+  // Each answers false when the kind does not take the action (nothing changes,
+  // the focus stays). The handlers an action runs may change anything, the
+  // control's own state included: after a notification an implementation looks
+  // itself up again through `act` and never touches `this`.
+  virtual bool Type(UserAction& act, std::wstring typed);
+  virtual bool Click(UserAction& act);
+  virtual bool Select(UserAction& act, int row);
+  virtual bool SelectRows(UserAction& act, const std::vector<int>& rows);
+  virtual bool DoubleClick(UserAction& act, int row);
+  virtual bool BeginDrag(UserAction& act, int row);
+  virtual bool ClickColumn(UserAction& act, int column);
+  virtual bool ClickItem(UserAction& act, int item);
+  virtual bool Spin(UserAction& act, int steps);
+  virtual bool Paint(UserAction& act, CDC& dc);
 
   static void Attach(DialogControl& handle, ControlState* state) {
     handle.state_ = state;
@@ -81,6 +80,22 @@ struct ControlState {
   }
   static ControlState* Of(const DialogControl& handle) { return handle.state_; }
 };
+
+// The state of a handle as the kind's class S; null when detached or of another
+// class (a handle never reads a state it was not made for).
+template <typename S>
+S* StateAs(ControlState* c) {
+  return dynamic_cast<S*>(c);
+}
+
+// A kind as the dialog makes it: its state, blank, and the style bits it reads
+// beyond those every control reads (kGroup, kTabStop, kDisabled, kHidden).
+struct ControlClass {
+  std::unique_ptr<ControlState> (*make)();
+  UINT styles;
+};
+// The class of a kind; null for a value that names no kind.
+const ControlClass* FindControlClass(ControlKind kind);
 
 // The dialog's state and its window while open.
 struct DialogState {
@@ -104,7 +119,15 @@ struct DialogState {
   // The window: exists while the dialog is open.
   bool open = false;
   bool closing = false;
+  bool modeless = false;
+  bool visible = true;
+  CRect window;  // screen coordinates; the client area is all of it
+  CSize baseUnits{6, 13};
   const DialogTemplate* openTemplate = nullptr;
+  // Every control's template: the dialog template's, then those made at run time,
+  // whose texts `createdTexts` keeps.
+  std::vector<ControlTemplate> templates;
+  std::vector<std::unique_ptr<std::wstring>> createdTexts;
   std::vector<std::unique_ptr<ControlState>> controls;
   std::vector<std::unique_ptr<DialogControl>> handles;
   int focus = -1;
@@ -115,31 +138,61 @@ struct DialogAccess {
   static DialogState& Of(CDialog& d) { return *d.impl_; }
   static const DialogState& Of(const CDialog& d) { return *d.impl_; }
 
-  // The control with `id` (the first one in template order), or null.
+  // The control with `id` (the first one in order), or null.
   static ControlState* Find(const CDialog& d, int id);
   static ControlState* At(const CDialog& d, int index);
 
   // Tells the observer.
   static void Changed(const ControlState& c, unsigned aspects);
+  static void DialogChanged(CDialog& d, unsigned aspects);
   // Runs the handler of a notification; true when a route or a default took it.
-  static bool Send(CDialog& d, int id, UINT code, NMHDR* hdr = nullptr);
-  // Sends a notification from a control with the right record for its kind.
+  // `result` (optional) receives what the handler answered.
+  static bool Send(CDialog& d, int id, UINT code, NMHDR* hdr = nullptr, LRESULT* result = nullptr);
+  // Sends a notification from a control with a bare NMHDR.
   static void Notify(const ControlState& c, UINT code);
-  static void NotifyListView(const ControlState& c, UINT code, int item, int subItem, UINT oldState,
-                             UINT newState);
+  // Sends a notification whose record starts with an NMHDR the dialog fills in;
+  // answers what the handler answered (0 when none ran or the dialog is closed).
+  static LRESULT NotifyRecord(const ControlState& c, UINT code, NMHDR& hdr);
   // Moves the focus (-1: none), sending kill- and set-focus notifications.
   static void SetFocus(CDialog& d, int index);
   // A control became disabled or hidden: it loses the focus.
   static void LostAvailability(const ControlState& c);
 
-  static void Open(CDialog& d);
+  // Opening fails (false, nothing made) when the template names a kind that does
+  // not exist.
+  static bool Open(CDialog& d);
   static void Destroy(CDialog& d);
+  // Adds a control to the open dialog; its index, or -1 when the dialog is closed
+  // or the kind does not exist.
+  static int AddControl(CDialog& d, const ControlTemplate& ct, const wchar_t* text,
+                        const CRect& rect);
   static bool OnInitDialog(CDialog& d) { return d.OnInitDialog() != FALSE; }
   static void OnClose(CDialog& d) { d.OnClose(); }
+  static void OnDrawItem(CDialog& d, int id, DRAWITEMSTRUCT* dis) { d.OnDrawItem(id, dis); }
 };
 
-// The radio group of control `index`: [first, last) template positions between
-// kGroup marks.
+// One user action on control `id`: the driver hands it to the control's kind,
+// which uses it to reach the control again after each step.
+class UserAction {
+ public:
+  UserAction(CDialog& dialog, int id) : dialog_(dialog), id_(id) {}
+  CDialog& dialog() const { return dialog_; }
+  int id() const { return id_; }
+  // The control if the user can act on it now (the dialog open and not ended, the
+  // control enabled and visible), else null.
+  ControlState* Usable() const;
+  // Moves the focus to the control as a click or keystroke does. Answers the
+  // control again, or null when the focus handlers made it unusable.
+  ControlState* TakeFocus();
+  // Sends a notification from the control if it is still usable.
+  void Send(UINT code) const;
+
+ private:
+  CDialog& dialog_;
+  int id_;
+};
+
+// The radio group of control `index`: [first, last) positions between kGroup marks.
 std::pair<int, int> GroupOf(const DialogState& w, int index);
 
 }  // namespace vglobal

@@ -15,13 +15,25 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/dialog.cpp
   ${CMAKE_CURRENT_LIST_DIR}/dialog_ddx.cpp
   ${CMAKE_CURRENT_LIST_DIR}/dialog_driver.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/controls.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/controls_edit.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/controls_list.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/controls_listctrl.cpp
   ${CMAKE_CURRENT_LIST_DIR}/controls_number.cpp)
 # The application object and its profile store.
 target_sources(vglobal_core_obj PRIVATE ${CMAKE_CURRENT_LIST_DIR}/app.cpp)
+# Window geometry, the dialog's window and the control kinds, one unit per kind.
+target_sources(vglobal_core_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/window_geometry.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/dialog_window.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/registry.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/control.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/static.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/button.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/edit.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/numeric_edit.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/list_rows.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/list_box.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/combo_box.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/list_ctrl.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/toolbar.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/spin.cpp)
 # Bitmaps and image lists (sizes from the PNG header; pixels stay with the platform).
 target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/png_header.cpp

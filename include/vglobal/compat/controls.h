@@ -1,5 +1,6 @@
 // Dialog controls: CStatic, CButton, CEdit, vglobal::NumericEdit, CListBox,
-// CComboBox, CListCtrl, their notification codes and return values.
+// CComboBox, CListCtrl, CToolBarCtrl, CSpinButtonCtrl, their notification codes,
+// records and return values.
 //
 // Map of this header:
 //   1. notification codes, return values, notification records (NMHDR ...)
@@ -11,8 +12,10 @@
 //   selection, check ...) lives in the open dialog (vglobal/compat/dialog.h) and a
 //   handle is attached to it. The dialog attaches one handle of the right class per
 //   control when it opens (CDialog::GetDlgItem); a member of a dialog class is
-//   attached with DDX_Control or SubclassDlgItem. When the dialog closes, every
-//   handle is detached.
+//   attached with DDX_Control or SubclassDlgItem, or made with Create. When the
+//   dialog closes, every handle is detached.
+// - Image lists given to controls (SetImageList) are not owned: the caller keeps
+//   them alive while a control shows them.
 // - A detached handle, an index out of range and a null text never crash: the call
 //   answers the documented failure value (LB_ERR, CB_ERR, -1, FALSE, 0, empty) and
 //   changes nothing.
@@ -31,6 +34,7 @@
 // - User-interface thread only.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -38,6 +42,7 @@
 #include "vglobal/compat/window.h"
 
 class CDialog;
+class CImageList;
 
 // ---- 1. notification codes and records ------------------------------------------
 
@@ -62,6 +67,8 @@ constexpr UINT CBN_KILLFOCUS = 4;
 constexpr UINT CBN_EDITCHANGE = 5;
 constexpr UINT CBN_EDITUPDATE = 6;
 constexpr UINT CBN_SELENDOK = 9;
+// Spin buttons (sent with an NMUPDOWN)
+constexpr UINT UDN_DELTAPOS = static_cast<UINT>(-722);
 // Common and list-control notifications (sent with a record, see below)
 constexpr UINT NM_CLICK = static_cast<UINT>(-2);
 constexpr UINT NM_DBLCLK = static_cast<UINT>(-3);
@@ -125,9 +132,65 @@ struct NMITEMACTIVATE {
   LPARAM lParam;
   UINT uKeyFlags;
 };
+struct NMUPDOWN {
+  NMHDR hdr;
+  int iPos;    // the position before the change
+  int iDelta;  // the change asked for
+};
 using LPNMHDR = NMHDR*;
 using LPNMLISTVIEW = NMLISTVIEW*;
 using LPNMITEMACTIVATE = NMITEMACTIVATE*;
+using LPNMUPDOWN = NMUPDOWN*;
+
+// Owner-drawn controls: what to paint and where. The drawing context is the
+// library's CDC, valid during the call only.
+constexpr UINT ODT_STATIC = 5;
+constexpr UINT ODA_DRAWENTIRE = 0x0001;
+constexpr UINT ODS_DISABLED = 0x0004;
+constexpr UINT ODS_FOCUS = 0x0010;
+struct DRAWITEMSTRUCT {
+  UINT CtlType;  // ODT_STATIC
+  UINT CtlID;
+  UINT itemID;      // 0
+  UINT itemAction;  // ODA_DRAWENTIRE
+  UINT itemState;   // ODS_DISABLED when the control is disabled
+  HWND hwndItem;
+  CDC* pDC;
+  RECT rcItem;  // the control's client area
+  DWORD_PTR itemData;
+};
+using LPDRAWITEMSTRUCT = DRAWITEMSTRUCT*;
+
+// List-control image lists.
+constexpr int LVSIL_NORMAL = 0;
+constexpr int LVSIL_SMALL = 1;
+constexpr int LVSIL_STATE = 2;
+
+// Toolbar buttons. In memory the record is the natural struct below (32 bytes on
+// this 64-bit system); where a layout is stored (a toolbar's saved state) it is
+// the legacy 20-byte record, written and read field by field by whoever stores it.
+constexpr BYTE TBSTATE_CHECKED = 0x01;
+constexpr BYTE TBSTATE_PRESSED = 0x02;
+constexpr BYTE TBSTATE_ENABLED = 0x04;
+constexpr BYTE TBSTATE_HIDDEN = 0x08;
+constexpr BYTE TBSTATE_INDETERMINATE = 0x10;
+constexpr BYTE TBSTATE_WRAP = 0x20;  // the button ends its row
+constexpr BYTE TBSTYLE_BUTTON = 0x00;
+constexpr BYTE TBSTYLE_SEP = 0x01;
+constexpr BYTE TBSTYLE_CHECK = 0x02;
+constexpr BYTE TBSTYLE_GROUP = 0x04;
+constexpr BYTE TBSTYLE_CHECKGROUP = TBSTYLE_GROUP | TBSTYLE_CHECK;
+struct TBBUTTON {
+  int iBitmap;    // image index; for a separator, ignored (separators are 8 pixels wide)
+  int idCommand;  // command id (0 for separators)
+  BYTE fsState;   // TBSTATE_ bits
+  BYTE fsStyle;   // TBSTYLE_ bits
+  BYTE bReserved[2];
+  DWORD_PTR dwData;
+  INT_PTR iString;
+};
+using LPTBBUTTON = TBBUTTON*;
+using LPCTBBUTTON = const TBBUTTON*;
 
 // ---- 2. what every control handle shares ---------------------------------------
 
@@ -146,6 +209,8 @@ enum ControlAspect : unsigned {
   kAspectCheck = 1u << 4,      // check state
   kAspectLimits = 1u << 5,     // text limit, read-only, numeric range
   kAspectScroll = 1u << 6,     // the row that should be shown
+  kAspectGeometry = 1u << 7,   // the window's rectangle
+  kAspectPaint = 1u << 8,      // the program asked for a repaint (Invalidate)
 };
 
 class VGLOBAL_EXPORT DialogControl : public CWnd {
@@ -171,9 +236,22 @@ class VGLOBAL_EXPORT DialogControl : public CWnd {
   BOOL IsWindowVisible() const override;
   int GetDlgCtrlID() const override;
   CWnd* SetFocus() override;
+  // Asks the platform to paint the control again (owner-drawn controls repaint
+  // through their DrawItem or the dialog's OnDrawItem).
+  void Invalidate(BOOL erase = TRUE);
+
+  // Adds a control of `kind` to an open dialog, at `rect` (pixels in the dialog's
+  // client area), and attaches this handle to it. The dialog's observer is told,
+  // so a view makes its widget. FALSE when `parent` is not an open dialog, this
+  // class cannot stand for `kind`, or this handle is attached already. The
+  // classes' Create functions call it with their own kind.
+  BOOL CreateControl(ControlKind kind, const wchar_t* text, UINT style, const RECT& rect,
+                     CWnd* parent, UINT id);
 
  protected:
   DialogControl() = default;
+  std::optional<CRect> RectInParent() const override;
+  bool PlaceInParent(const CRect& rect) override;
   ControlState* state() const { return state_; }
   // Tells the dialog's observer what changed.
   void Changed(unsigned aspects) const;
@@ -189,10 +267,16 @@ class VGLOBAL_EXPORT DialogControl : public CWnd {
 
 // ---- 3. the control handles ------------------------------------------------------
 
-// A static text.
+// A static text, and the other controls of the static family: a frame or divider
+// (ControlKind::Frame) and an owner-drawn control (ControlKind::OwnerDrawn).
 class VGLOBAL_EXPORT CStatic : public vglobal::DialogControl {
  public:
   bool Handles(vglobal::ControlKind kind) const override;
+  BOOL Create(const wchar_t* text, UINT style, const RECT& rect, CWnd* parent,
+              UINT id = static_cast<UINT>(IDC_STATIC));
+  // Paints an owner-drawn control (through CDialog::OnDrawItem). The base paints
+  // nothing: a class derived from CStatic draws here.
+  virtual void DrawItem(LPDRAWITEMSTRUCT drawItem);
 };
 
 // A push button, check box, radio button or group box.
@@ -204,6 +288,9 @@ class VGLOBAL_EXPORT CButton : public vglobal::DialogControl {
   // Sets the check state; a state the button cannot take (indeterminate on a
   // two-state box) is refused, as is any state on a push button or group box.
   void SetCheck(int check);
+  // kind: PushButton, CheckBox, RadioButton or GroupBox.
+  BOOL Create(const wchar_t* caption, UINT style, const RECT& rect, CWnd* parent, UINT id,
+              vglobal::ControlKind kind = vglobal::ControlKind::PushButton);
 };
 
 // A text field. Typing and ReplaceSel are cut at the text limit (default 32767
@@ -214,6 +301,7 @@ class VGLOBAL_EXPORT CEdit : public vglobal::DialogControl {
 
   bool Handles(vglobal::ControlKind kind) const override;
   void SetWindowText(const wchar_t* text) override;
+  BOOL Create(UINT style, const RECT& rect, CWnd* parent, UINT id);
 
   // Limits what the control holds; 0 means the largest limit (0x7FFFFFFE). Text
   // already longer stays as it is until it is next set.
@@ -246,6 +334,7 @@ namespace vglobal {
 class VGLOBAL_EXPORT NumericEdit : public CEdit {
  public:
   bool Handles(ControlKind kind) const override;
+  BOOL Create(UINT style, const RECT& rect, CWnd* parent, UINT id);
 
   // Sets range and decimal places (-1: as many as typed) and shows `value`.
   void InitDouble(double value, double min, double max, int decimals);
@@ -274,9 +363,12 @@ class VGLOBAL_EXPORT NumericEdit : public CEdit {
 
 // A list of text rows with item data; one row selected, or several with kMultiSelect.
 // With kSort, AddString inserts in order (case-insensitive); InsertString never sorts.
+// Rows may show an image of an image list before their text (SetImageList,
+// SetItemImage), as the owner-drawn image lists of the suite did.
 class VGLOBAL_EXPORT CListBox : public vglobal::DialogControl {
  public:
   bool Handles(vglobal::ControlKind kind) const override;
+  BOOL Create(UINT style, const RECT& rect, CWnd* parent, UINT id);
 
   int GetCount() const;
   // Return the new row's index, or LB_ERR.
@@ -322,6 +414,14 @@ class VGLOBAL_EXPORT CListBox : public vglobal::DialogControl {
   // Tab stops in dialog units, for kUseTabStops lists.
   BOOL SetTabStops(int count, const int* stops);
   std::vector<int> GetTabStops() const;
+
+  // The image list the rows' images come from (null: none); returns the previous.
+  CImageList* SetImageList(CImageList* images);
+  CImageList* GetImageList() const;
+  // A row's image index (-1: none; an index the list does not have shows none).
+  // SetItemImage answers LB_OKAY or LB_ERR; GetItemImage -1 out of range.
+  int SetItemImage(int index, int image);
+  int GetItemImage(int index) const;
 };
 
 // An edit field with a drop-down list; with kDropDownList the list only, whose
@@ -329,6 +429,7 @@ class VGLOBAL_EXPORT CListBox : public vglobal::DialogControl {
 class VGLOBAL_EXPORT CComboBox : public vglobal::DialogControl {
  public:
   bool Handles(vglobal::ControlKind kind) const override;
+  BOOL Create(UINT style, const RECT& rect, CWnd* parent, UINT id);
   // Drop-down: sets the edit text (cut at the limit), selection unchanged.
   // Drop-down list: selects the row whose text equals `text` (ignoring case) and
   // leaves the selection alone when there is none.
@@ -362,6 +463,13 @@ class VGLOBAL_EXPORT CComboBox : public vglobal::DialogControl {
 class VGLOBAL_EXPORT CListCtrl : public vglobal::DialogControl {
  public:
   bool Handles(vglobal::ControlKind kind) const override;
+  BOOL Create(UINT style, const RECT& rect, CWnd* parent, UINT id);
+
+  // The image list of the rows' images: LVSIL_SMALL is what report view shows;
+  // LVSIL_NORMAL and LVSIL_STATE are kept for callers. Returns the previous list
+  // (null also for an unknown `which`, which changes nothing).
+  CImageList* SetImageList(CImageList* images, int which);
+  CImageList* GetImageList(int which) const;
 
   // Columns. InsertColumn returns the new column's index or -1; a width of -1
   // means "fit the heading" to the platform.
@@ -403,4 +511,98 @@ class VGLOBAL_EXPORT CListCtrl : public vglobal::DialogControl {
 
   DWORD SetExtendedStyle(DWORD style);  // returns the previous style
   DWORD GetExtendedStyle() const;
+};
+
+// A toolbar inside a dialog: a row of buttons with images, each sending its
+// command id when clicked (BN_CLICKED from the command, vglobal::DialogDriver::
+// ClickItem), and separators.
+//
+// Layout, the same headless and on screen: buttons of the button size (default
+// 24 x 22) laid left to right from the control's top-left corner, separators 8
+// pixels wide; a row ends after a button with TBSTATE_WRAP, or when the next
+// button would pass the control's right edge; every row is a button high. Hidden
+// buttons take no room. Item rectangles are in the control's client coordinates.
+// Button indexes out of range and unknown command ids answer FALSE, -1 or 0.
+class VGLOBAL_EXPORT CToolBarCtrl : public vglobal::DialogControl {
+ public:
+  static constexpr int kSeparatorWidth = 8;
+
+  bool Handles(vglobal::ControlKind kind) const override;
+  BOOL Create(UINT style, const RECT& rect, CWnd* parent, UINT id);
+
+  BOOL AddButtons(int count, LPCTBBUTTON buttons);
+  // Inserts before `index` (the count appends).
+  BOOL InsertButton(int index, LPCTBBUTTON button);
+  BOOL DeleteButton(int index);
+  BOOL GetButton(int index, LPTBBUTTON button) const;
+  int GetButtonCount() const;
+  // The index of the button with the command id, or -1.
+  int CommandToIndex(UINT command) const;
+  // By command id.
+  BOOL EnableButton(int command, BOOL enable = TRUE);
+  BOOL IsButtonEnabled(int command) const;
+  BOOL CheckButton(int command, BOOL check = TRUE);
+  BOOL IsButtonChecked(int command) const;
+  BOOL HideButton(int command, BOOL hide = TRUE);
+
+  // Sizes of a button and of its image (default 16 x 15). FALSE for a size that is
+  // not positive or larger than 1024.
+  BOOL SetButtonSize(CSize size);
+  BOOL SetBitmapSize(CSize size);
+  // Width in the low word, height in the high word.
+  DWORD GetButtonSize() const;
+  CSize GetBitmapSize() const;
+
+  // The images of the buttons (iBitmap indexes into it); returns the previous.
+  CImageList* SetImageList(CImageList* images);
+  CImageList* GetImageList() const;
+  // Adds the images of bitmap strip `bitmapId` (numButtons images of the bitmap
+  // size) to the toolbar's image list, made by the toolbar (of the bitmap size)
+  // when it has none. The index of the first image added, or -1 (no such bitmap,
+  // a strip that does not hold numButtons images of that size).
+  int AddBitmap(int numButtons, UINT bitmapId);
+
+  // A button's rectangle; FALSE for a hidden button or an index out of range.
+  BOOL GetItemRect(int index, LPRECT rect) const;
+  // The index of the button (not a separator) under the point, in client
+  // coordinates; -1 for any other point.
+  int HitTest(LPPOINT point) const;
+  // Spreads the buttons over `rows` rows (as evenly as the buttons allow) by
+  // setting TBSTATE_WRAP; `rect` (optional) receives the bounds of the laid out
+  // buttons. `larger` is accepted and ignored.
+  void SetRows(int rows, BOOL larger, LPRECT rect);
+  int GetRows() const;
+
+  // The tooltip of a button: what the tip source answers for its command, else the
+  // text after the first line feed of the command's resource string ("status
+  // text\ntip", as the suite's string tables have them); empty for separators.
+  using TipSource = std::function<CString(UINT command)>;
+  void SetTipSource(TipSource source);
+  CString GetButtonTip(int index) const;
+};
+
+// Up and down arrows that step a position within a range. With kAutoBuddy its buddy
+// is the control before it in the dialog; with kSetBuddyInt the buddy shows the
+// position and the position is read back from the buddy's text; with kAlignRight
+// the arrows move inside the buddy's right edge and the buddy narrows.
+// The default range is 0..100.
+class VGLOBAL_EXPORT CSpinButtonCtrl : public vglobal::DialogControl {
+ public:
+  bool Handles(vglobal::ControlKind kind) const override;
+  BOOL Create(UINT style, const RECT& rect, CWnd* parent, UINT id);
+
+  // The buddy must be a control of the same dialog (null: none); returns the
+  // previous buddy.
+  CWnd* SetBuddy(CWnd* buddy);
+  CWnd* GetBuddy() const;
+  // The range may run downwards (lower > upper): the up arrow then lowers the
+  // position. The position is clamped into the new range.
+  void SetRange32(int lower, int upper);
+  void GetRange32(int& lower, int& upper) const;
+  // Returns the previous position.
+  int SetPos32(int position);
+  // With kSetBuddyInt, the number in the buddy's text (clamped into the range);
+  // *error (optional) is TRUE when that text is not a number, and the last
+  // position is answered.
+  int GetPos32(BOOL* error = nullptr) const;
 };

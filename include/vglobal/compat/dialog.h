@@ -26,7 +26,22 @@
 //
 // The dialog's controls exist while it is open, that is between the platform (or a
 // test) opening it and its end; they are made from the template then, and are gone
-// after DoModal returns, while the data members keep what was exchanged.
+// after DoModal returns, while the data members keep what was exchanged. Controls
+// can also be added while it is open (CListBox::Create ...).
+//
+// A modeless dialog (Create) stays open until its window is destroyed
+// (DestroyWindow, or the window's close command through the default OnClose).
+// Its EndDialog, OnOK and OnCancel do not end a loop, since there is none:
+//   - EndDialog records the code and hides the window; the window stays, so the
+//     owner can show it again or read its controls.
+//   - OnOK and OnCancel (and so the OK and Cancel buttons and the Enter and
+//     Escape keys) destroy the window after what the modal ones do, because a
+//     hidden window that nobody destroys would only linger.
+//
+// Geometry: the dialog's client size comes from the template in dialog units,
+// turned into pixels with the platform's base units for the template's font
+// (vglobal::Platform::DialogBaseUnits); so do its controls' rectangles. A dialog
+// opens centred on its parent, or on the screen when it has none.
 //
 // Contract: user-interface thread only. Unknown control ids and out-of-range
 // indices answer null, FALSE, 0 or the control's error value and change nothing.
@@ -34,6 +49,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <type_traits>
 #include <vector>
 
@@ -69,8 +85,27 @@ class VGLOBAL_EXPORT CDialog : public CWnd {
   // when the dialog could not be shown (no template, already open).
   virtual INT_PTR DoModal();
   // Ends the modal dialog with `result` (the dialog closes when control returns to
-  // the platform). Ending a dialog that is not open only records the code.
+  // the platform). Ending a dialog that is not open only records the code; a
+  // modeless dialog records it and hides (see above).
   void EndDialog(int result);
+
+  // Creates the dialog as a modeless window through the platform in force
+  // (vglobal::Platform::CreateModeless), on the template `templateId` (0: the one
+  // the dialog was made with) or the template given. The window shows at once.
+  // FALSE when it cannot be opened (no template, open already).
+  virtual BOOL Create(UINT templateId = 0, CWnd* parent = nullptr);
+  BOOL Create(const vglobal::DialogTemplate& dialogTemplate, CWnd* parent = nullptr);
+  // Destroys a modeless dialog's window (OnDestroy runs, the controls go). FALSE
+  // for a dialog that is not an open modeless one: a modal dialog ends with
+  // EndDialog.
+  BOOL DestroyWindow();
+  BOOL IsModeless() const;
+  // Shows or hides the open dialog's window (a hidden dialog takes no input).
+  BOOL ShowWindow(int cmdShow) override;
+  BOOL IsWindowVisible() const override;
+  // Turns a rectangle in this dialog's units into pixels (the template's font);
+  // without a template, with the platform's default font.
+  void MapDialogRect(LPRECT rect) const;
 
   // The template: the one given, else the one the resource chain has for the id
   // (null when there is none).
@@ -126,7 +161,10 @@ class VGLOBAL_EXPORT CDialog : public CWnd {
   void GetWindowText(CString& text) const override;
   using CWnd::GetWindowText;
 
-  // For platforms and views: the controls in template order.
+  // For platforms and views: the controls in template order, then those made while
+  // open. A control's template (null out of range) is valid until the next control is
+  // made or the dialog closes; one made while open has no place in dialog units (its
+  // x, y, cx and cy are 0): its rectangle is the window's (CWnd::GetWindowRect).
   int GetControlCount() const;
   CWnd* GetControlAt(int index) const;  // the dialog's own handle, null out of range
   const vglobal::ControlTemplate* GetControlTemplateAt(int index) const;
@@ -151,6 +189,13 @@ class VGLOBAL_EXPORT CDialog : public CWnd {
   virtual void OnClose();
   // Runs as the dialog's window goes away (the controls still exist).
   virtual void OnDestroy();
+  // Paints an owner-drawn control (ControlKind::OwnerDrawn). The base hands the
+  // painting to the control's handle: CStatic::DrawItem of the member attached to
+  // it (a class derived from CStatic overrides it).
+  virtual void OnDrawItem(int id, LPDRAWITEMSTRUCT drawItem);
+  std::optional<CRect> RectInParent() const override;
+  bool PlaceInParent(const CRect& rect) override;
+  const CWnd* PlacedIn() const override { return nullptr; }
   virtual void DoDataExchange(CDataExchange* dx);
 
   // The message map: routes a notification `code` from control `id` to a member
@@ -261,6 +306,11 @@ class VGLOBAL_EXPORT DialogObserver {
   virtual void Ended(INT_PTR code) = 0;
   // The controls are about to go; the observer is removed afterwards.
   virtual void Closing() = 0;
+  // A control was added while the dialog is open (its index is the last one).
+  virtual void ControlAdded(int index);
+  // The dialog's own window changed: kAspectState (shown or hidden) or
+  // kAspectGeometry (moved or resized).
+  virtual void DialogChanged(unsigned aspects);
 };
 
 // ---- 4. the driver ---------------------------------------------------------------
@@ -309,6 +359,19 @@ class VGLOBAL_EXPORT DialogDriver {
   bool ClickColumn(int id, int column);
   // Gives the focus to a control.
   bool Focus(int id);
+  // Clicks item `item` of a control made of items: a toolbar button sends its
+  // command as BN_CLICKED from the command's id (a check button changes its state
+  // first). False for a disabled or hidden button and for separators.
+  bool ClickItem(int id, int item);
+  // Clicks a spin button's arrows `steps` times up (negative: down). The dialog
+  // sees UDN_DELTAPOS first (a non-zero answer refuses the change); the position
+  // stays within the range, and with kSetBuddyInt the buddy shows it.
+  bool Spin(int id, int steps);
+  // The windowing system asks an owner-drawn control to paint itself into `dc`
+  // (the control's client area at the origin). False for other kinds.
+  bool Paint(int id, CDC& dc);
+  // The user moved or resized the dialog's window to `rect` (screen coordinates).
+  bool MoveWindow(const RECT& rect);
 
   // Keys and the window's close command. Enter clicks the focused push button, else
   // the default button (SetDefID, a kDefault button, else IDOK); Escape clicks

@@ -9,6 +9,10 @@
 //   font's average character width, a vertical unit an eighth of its height).
 // - The order of the controls is the tab order and the order in which groups
 //   (kGroup) are delimited.
+// - A kind is an extension point: what a kind's control holds and does lives in
+//   its own units (src/compat/controls/<kind>.cpp in core, src/platform/qt/controls/
+//   <kind>.cpp for its widget); a new kind adds an enumerator here and registers
+//   itself in both registries.
 #pragma once
 
 #include <cstddef>
@@ -27,7 +31,11 @@ enum class ControlKind : unsigned char {
   RadioButton,
   PushButton,
   GroupBox,
-  ListCtrl,  // a list control in report view: columns and rows
+  ListCtrl,    // a list control in report view: columns and rows
+  ToolBar,     // a row of command buttons with images (CToolBarCtrl)
+  OwnerDrawn,  // painted by the program through a CDC (CStatic::DrawItem, OnDrawItem)
+  Frame,       // an etched line or frame, a black or gray rectangle
+  SpinButton,  // up and down arrows that step a number (CSpinButtonCtrl)
 };
 
 // Style bits of a control template. Bits that do not apply to a control's kind are
@@ -51,6 +59,13 @@ enum ControlStyle : UINT {
   kRight = 1u << 15,         // static text: right-aligned
   kNoPrefix = 1u << 16,      // static text: "&" is shown, not a mnemonic
   kUseTabStops = 1u << 17,   // list box: tabs in item texts align at tab stops
+  kEtchedHorz = 1u << 18,    // frame: an etched line along the top edge (a divider)
+  kEtchedFrame = 1u << 19,   // frame: an etched rectangle (the default)
+  kBlackRect = 1u << 20,     // frame: a filled black rectangle
+  kGrayRect = 1u << 21,      // frame: a filled gray rectangle
+  kAutoBuddy = 1u << 22,     // spin button: its buddy is the control before it
+  kSetBuddyInt = 1u << 23,   // spin button: its position is the buddy's text
+  kAlignRight = 1u << 24,    // spin button: sits inside the buddy's right edge
 };
 
 struct ControlTemplate {

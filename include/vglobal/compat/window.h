@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "vglobal/compat/cmd_target.h"
@@ -33,6 +34,14 @@ class WindowRef;
 }  // namespace vglobal
 
 // ---- 1. CWnd ---------------------------------------------------------------------
+
+// SetWindowPos flags (Windows values).
+constexpr UINT SWP_NOSIZE = 0x0001;
+constexpr UINT SWP_NOMOVE = 0x0002;
+constexpr UINT SWP_NOZORDER = 0x0004;
+constexpr UINT SWP_NOACTIVATE = 0x0010;
+constexpr UINT SWP_SHOWWINDOW = 0x0040;
+constexpr UINT SWP_HIDEWINDOW = 0x0080;
 
 // ShowWindow commands (any other non-zero command shows the window).
 constexpr int SW_HIDE = 0;
@@ -89,7 +98,53 @@ class VGLOBAL_EXPORT CWnd : public CCmdTarget {
   int MessageBox(const wchar_t* text, const wchar_t* caption = nullptr, UINT type = MB_OK);
 
   // ---- geometry -----------------------------------------------------------------
+  //
+  // A window's rectangle is kept in its parent's client coordinates (a dialog
+  // control's in its dialog's client area) and in screen coordinates for a window
+  // without a parent. The client area is the whole window: borders and title bars
+  // belong to the window manager. Sizes below zero are taken as zero. A dialog
+  // that is not open, and a control that is detached, have no rectangle: the
+  // getters answer an empty one (FALSE) and the setters change nothing.
 
+  // The window's rectangle in screen coordinates.
+  BOOL GetWindowRect(LPRECT rect) const;
+  // {0, 0, width, height}.
+  void GetClientRect(LPRECT rect) const;
+  void ClientToScreen(LPPOINT point) const;
+  void ClientToScreen(LPRECT rect) const;
+  void ScreenToClient(LPPOINT point) const;
+  void ScreenToClient(LPRECT rect) const;
+  // Moves and sizes the window within its parent's client area (the screen for a
+  // window without a parent). `repaint` is for the platform's convenience only.
+  void MoveWindow(int x, int y, int width, int height, BOOL repaint = TRUE);
+  void MoveWindow(LPCRECT rect, BOOL repaint = TRUE);
+  // SWP_NOMOVE keeps the position, SWP_NOSIZE the size; SWP_SHOWWINDOW and
+  // SWP_HIDEWINDOW show or hide. Stacking order and activation are the window
+  // manager's: `after`, SWP_NOZORDER and SWP_NOACTIVATE change nothing. FALSE when
+  // the window has no rectangle to set.
+  BOOL SetWindowPos(const CWnd* after, int x, int y, int width, int height, UINT flags);
+  // Centres the window on `alternate`, else on its parent, else on the screen
+  // (vglobal::Platform::ScreenRect); a window without a parent is kept on the screen.
+  void CenterWindow(CWnd* alternate = nullptr);
+
+ protected:
+  // The window's rectangle in its parent's client coordinates; nullopt when it has
+  // none. Dialogs and controls keep theirs in the dialog's model.
+  virtual std::optional<CRect> RectInParent() const;
+  // Sets it (already checked: width and height not negative); false when the
+  // window has no rectangle.
+  virtual bool PlaceInParent(const CRect& rect);
+  // The window whose client area the rectangle is in: the parent, or null for a
+  // window placed on the screen (a dialog, even when it has an owner).
+  virtual const CWnd* PlacedIn() const { return parent_; }
+  // Where the client area's top-left corner is on the screen; nullopt when the
+  // window has no rectangle.
+  std::optional<CPoint> ScreenOrigin() const;
+
+ private:
+  CRect rect_;
+
+ public:
   // ---- messages, commands and timers ----------------------------------------------
 
   // Calls this window's handler of `message` at once and returns its result (0 when

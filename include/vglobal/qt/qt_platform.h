@@ -43,6 +43,16 @@ class VGLOBAL_EXPORT QtPlatform : public Platform {
 
   // ---- dialogs: geometry and modeless dialogs --------------------------------
 
+  // From the application's font at `fontSize` points: the average width of the 52
+  // Latin letters, and the line height.
+  CSize DialogBaseUnits(int fontSize) override;
+  // The primary screen's geometry (the default's when there is no screen).
+  CRect ScreenRect() override;
+  // Renders the dialog (RenderDialog) and shows it non-modally; the view goes
+  // away when the dialog's window is destroyed.
+  BOOL CreateModeless(CDialog& dialog) override;
+  void DestroyModeless(CDialog& dialog) override;
+
   // ---- windows: messages, timers, menus, drawing on a window -----------------
 
   // A queued call on the application object (QMetaObject::invokeMethod with

@@ -4,24 +4,10 @@
 //
 // Map of this file:
 //   1. life: construction, opening, closing
-//   2. model -> widgets (DialogObserver, Sync)
-//   3. user -> model (Act, keys, focus, close)
-#include <QCheckBox>
+//   2. model -> view (DialogObserver)
+//   3. user -> model (Act, keys, focus, close, moving and resizing)
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QHeaderView>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSignalBlocker>
-#include <QTreeWidget>
-#include <algorithm>
-#include <climits>
 #include <cstdio>
 #include <exception>
 
@@ -46,23 +32,26 @@ void Guarded(F&& f) {
   }
 }
 
-CString TextOf(const CWnd& window) {
-  CString text;
-  window.GetWindowText(text);
-  return text;
-}
-
 }  // namespace
 
 // ---- 1. life -------------------------------------------------------------------
 
 DialogView::DialogView(CDialog& dialog, QWidget* parent)
     : QDialog(parent), dialog_(&dialog), driver_(dialog) {
-  if (const DialogTemplate* t = dialog.GetTemplate()) Build(*t);
+  if (const DialogTemplate* t = dialog.GetTemplate()) {
+    QFont dialogFont = font();
+    if (t->fontSize > 0) dialogFont.setPointSize(t->fontSize);
+    setFont(dialogFont);
+    setWindowTitle(FromWide(t->title));
+  }
 }
 
 DialogView::~DialogView() {
   if (dialog_) DialogDriver(*dialog_).Destroy();  // Closing() lets go of the model
+  // The widgets go before their bindings: signals they send while going find the
+  // bindings still there (and the model gone, so nothing is acted on).
+  for (const auto& binding : bindings_)
+    if (binding) delete binding->Widget();
 }
 
 bool DialogView::Start() {
@@ -72,50 +61,79 @@ bool DialogView::Start() {
   }
   dialog_->SetObserver(this);
   dialog_->SetPlatformWindow(this);
-  Guarded([this] { driver_.Open(); });
+  bool opened = false;
+  Guarded([this, &opened] { opened = driver_.Open(); });
+  if (!opened && dialog_ && !dialog_->IsOpen()) {
+    dialog_->SetObserver(nullptr);
+    dialog_->SetPlatformWindow(nullptr);
+    dialog_ = nullptr;
+    return false;
+  }
   return true;
 }
 
 QWidget* DialogView::WidgetFor(int id) const {
-  for (std::size_t i = 0; i < ids_.size(); ++i)
-    if (ids_[i] == id) return widgets_[i];
+  for (const auto& binding : bindings_)
+    if (binding && binding->id() == id) return binding->Widget();
   return nullptr;
 }
 
 void DialogView::Closing() {
-  for (std::size_t i = 0; i < widgets_.size(); ++i) {
+  for (std::size_t i = 0; i < bindings_.size(); ++i)
     if (CWnd* own = dialog_->GetControlAt(static_cast<int>(i))) own->SetPlatformWindow(nullptr);
-  }
   dialog_->SetPlatformWindow(nullptr);
+  const bool modeless = dialog_->IsModeless();
   dialog_ = nullptr;
+  // A modeless dialog's view belongs to its window: it goes when the window does,
+  // once control is back in the event loop (a handler of ours may be running).
+  if (modeless) {
+    hide();
+    deleteLater();
+  }
 }
 
-// ---- 2. model -> widgets -------------------------------------------------------
+// ---- 2. model -> view ------------------------------------------------------------
 
 void DialogView::Opened() {
-  for (std::size_t i = 0; i < widgets_.size(); ++i) {
-    if (CWnd* own = dialog_->GetControlAt(static_cast<int>(i))) own->SetPlatformWindow(widgets_[i]);
-    Sync(static_cast<int>(i), kAllAspects);
-  }
+  for (int i = 0; i < dialog_->GetControlCount(); ++i) Bind(i);
+  LinkMnemonics();
+  PlaceWindow();
+  for (int i = 0; i < dialog_->GetControlCount(); ++i) Sync(i, kAllAspects);
+}
+
+void DialogView::ControlAdded(int index) {
+  Bind(index);
+  Sync(index, kAllAspects);
 }
 
 void DialogView::ControlChanged(int index, unsigned aspects) {
   Sync(index, aspects);
 }
 
+void DialogView::DialogChanged(unsigned aspects) {
+  if (!dialog_) return;
+  if (aspects & kAspectGeometry) PlaceWindow();
+  if (aspects & kAspectState) {
+    ++syncing_;
+    setVisible(dialog_->IsWindowVisible());
+    --syncing_;
+  }
+}
+
 void DialogView::FocusChanged(int index) {
-  if (index < 0 || static_cast<std::size_t>(index) >= widgets_.size()) return;
-  QWidget* widget = widgets_[index];
-  if (auto* combo = qobject_cast<QComboBox*>(widget); combo && combo->lineEdit())
-    widget = combo->lineEdit();
-  if (widget->hasFocus()) return;
+  ControlBinding* binding = BindingAt(index);
+  QWidget* widget = binding ? binding->FocusTarget() : nullptr;
+  if (!widget || widget->hasFocus()) return;
   ++syncing_;
   widget->setFocus(Qt::OtherFocusReason);
   --syncing_;
 }
 
 void DialogView::TitleChanged() {
-  if (dialog_) setWindowTitle(FromWide(TextOf(*dialog_)));
+  if (!dialog_) return;
+  CString title;
+  dialog_->GetWindowText(title);
+  setWindowTitle(FromWide(title));
 }
 
 void DialogView::Ended(INT_PTR code) {
@@ -123,168 +141,7 @@ void DialogView::Ended(INT_PTR code) {
   QDialog::done(static_cast<int>(code));
 }
 
-void DialogView::Sync(int index, unsigned aspects) {
-  if (!dialog_ || index < 0 || static_cast<std::size_t>(index) >= widgets_.size()) return;
-  CWnd* control = dialog_->GetControlAt(index);
-  const ControlTemplate* ct = dialog_->GetControlTemplateAt(index);
-  if (!control || !ct) return;
-  QWidget* widget = widgets_[index];
-  ++syncing_;
-  {
-    QSignalBlocker block(widget);
-    if (aspects & kAspectState) {
-      widget->setEnabled(control->IsWindowEnabled());
-      widget->setHidden(!control->IsWindowVisible());
-    }
-    switch (ct->kind) {
-      case ControlKind::ListBox:
-      case ControlKind::ComboBox:
-      case ControlKind::ListCtrl:
-        SyncList(index, aspects, widget);
-        break;
-      default:
-        if (aspects & (kAspectText | kAspectLimits | kAspectSelection))
-          SyncText(index, *ct, widget);
-        break;
-    }
-    auto* button = dynamic_cast<CButton*>(control);
-    if ((aspects & kAspectCheck) && button) {
-      const int check = button->GetCheck();
-      if (auto* box = qobject_cast<QCheckBox*>(widget))
-        box->setCheckState(check == BST_INDETERMINATE ? Qt::PartiallyChecked
-                           : check == BST_CHECKED     ? Qt::Checked
-                                                      : Qt::Unchecked);
-      else if (auto* radio = qobject_cast<QRadioButton*>(widget))
-        radio->setChecked(check == BST_CHECKED);
-    }
-    if (auto* push = qobject_cast<QPushButton*>(widget))
-      push->setDefault(static_cast<int>(dialog_->GetDefID() & 0xFFFF) == ct->id);
-  }
-  --syncing_;
-}
-
-void DialogView::SyncText(int index, const ControlTemplate& ct, QWidget* widget) {
-  CWnd* control = dialog_->GetControlAt(index);
-  const QString text = FromWide(TextOf(*control));
-  if (auto* label = qobject_cast<QLabel*>(widget)) {
-    const bool mnemonic = !(ct.style & kNoPrefix) && label->buddy();
-    label->setText(mnemonic || (ct.style & kNoPrefix) ? text : StripMnemonic(text));
-  } else if (auto* group = qobject_cast<QGroupBox*>(widget)) {
-    group->setTitle(text);
-  } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
-    button->setText(text);
-  } else if (auto* line = qobject_cast<QLineEdit*>(widget)) {
-    auto* edit = static_cast<CEdit*>(control);
-    const qsizetype limit = std::max<qsizetype>(edit->GetLimitText(), text.size());
-    line->setMaxLength(static_cast<int>(std::min<qsizetype>(limit, INT_MAX)));
-    line->setReadOnly(edit->IsReadOnly());
-    if (line->text() != text) {
-      const int cursor = line->cursorPosition();
-      line->setText(text);
-      line->setCursorPosition(std::min(cursor, static_cast<int>(text.size())));
-    }
-    int start = 0, end = 0;
-    edit->GetSel(start, end);
-    if (end > start) line->setSelection(start, end - start);
-  } else if (auto* plain = qobject_cast<QPlainTextEdit*>(widget)) {
-    plain->setReadOnly(static_cast<CEdit*>(control)->IsReadOnly());
-    const QString shown = FromWindowsLines(text);
-    if (plain->toPlainText() != shown) plain->setPlainText(shown);
-  }
-}
-
-void DialogView::SyncList(int index, unsigned aspects, QWidget* widget) {
-  CWnd* control = dialog_->GetControlAt(index);
-  if (auto* list = qobject_cast<QListWidget*>(widget)) {
-    auto* model = static_cast<CListBox*>(control);
-    if (aspects & kAspectItems) {
-      list->clear();
-      CString row;
-      for (int i = 0; i < model->GetCount(); ++i) {
-        model->GetText(i, row);
-        list->addItem(FromWide(row));
-      }
-    }
-    if (aspects & (kAspectItems | kAspectSelection)) {
-      if (list->selectionMode() == QAbstractItemView::SingleSelection) {
-        const int selected = model->GetCurSel();
-        list->setCurrentRow(selected);
-        if (selected < 0) list->clearSelection();
-      } else {
-        for (int i = 0; i < list->count(); ++i) list->item(i)->setSelected(model->GetSel(i) > 0);
-      }
-    }
-    if (aspects & kAspectScroll)
-      if (QListWidgetItem* top = list->item(model->GetTopIndex()))
-        list->scrollToItem(top, QAbstractItemView::PositionAtTop);
-  } else if (auto* combo = qobject_cast<QComboBox*>(widget)) {
-    auto* model = static_cast<CComboBox*>(control);
-    QSignalBlocker blockEdit(combo->lineEdit());
-    if (aspects & kAspectItems) {
-      combo->clear();
-      CString row;
-      for (int i = 0; i < model->GetCount(); ++i) {
-        model->GetLBText(i, row);
-        combo->addItem(FromWide(row));
-      }
-    }
-    if (aspects & (kAspectItems | kAspectSelection | kAspectText)) {
-      combo->setCurrentIndex(model->GetCurSel());
-      const QString text = FromWide(TextOf(*model));
-      if (QLineEdit* edit = combo->lineEdit(); edit && edit->text() != text) edit->setText(text);
-    }
-  } else if (auto* tree = qobject_cast<QTreeWidget*>(widget)) {
-    auto* model = static_cast<CListCtrl*>(control);
-    const int columns = model->GetColumnCount();
-    if (aspects & kAspectItems) {
-      tree->clear();
-      tree->setColumnCount(std::max(columns, 1));
-      QStringList headings;
-      for (int c = 0; c < columns; ++c) headings << FromWide(model->GetColumnHeading(c));
-      tree->setHeaderLabels(headings);
-      for (int r = 0; r < model->GetItemCount(); ++r) {
-        auto* item = new QTreeWidgetItem;
-        for (int c = 0; c < std::max(columns, 1); ++c) {
-          item->setText(c, FromWide(model->GetItemText(r, c)));
-          const int format = model->GetColumnFormat(c);
-          item->setTextAlignment(c, format == LVCFMT_RIGHT    ? Qt::AlignRight | Qt::AlignVCenter
-                                    : format == LVCFMT_CENTER ? Qt::AlignCenter
-                                                              : Qt::AlignLeft | Qt::AlignVCenter);
-        }
-        tree->addTopLevelItem(item);
-      }
-      for (int c = 0; c < columns; ++c) {
-        const int width = model->GetColumnWidth(c);
-        if (width >= 0)
-          tree->setColumnWidth(c, width);
-        else
-          tree->resizeColumnToContents(c);
-      }
-    }
-    if (aspects & (kAspectItems | kAspectSelection)) {
-      for (int r = 0; r < tree->topLevelItemCount(); ++r)
-        tree->topLevelItem(r)->setSelected(model->GetItemState(r, LVIS_SELECTED) != 0);
-      const int focused = model->GetNextItem(-1, LVNI_FOCUSED);
-      if (focused >= 0)
-        tree->selectionModel()->setCurrentIndex(tree->model()->index(focused, 0),
-                                                QItemSelectionModel::NoUpdate);
-    }
-    if (aspects & kAspectScroll)
-      if (QTreeWidgetItem* row = tree->topLevelItem(model->GetTopIndex())) tree->scrollToItem(row);
-  }
-}
-
 // ---- 3. user -> model ------------------------------------------------------------
-
-void DialogView::SelectRows(int index, int id, bool multi, std::vector<int> rows) {
-  std::sort(rows.begin(), rows.end());
-  Act(index, [this, id, multi, &rows] {
-    if (!multi && rows.size() == 1)
-      driver_.Select(id, rows.front());
-    else
-      driver_.SelectRows(id, rows);
-  });
-}
 
 void DialogView::Act(int index, const std::function<void()>& action) {
   if (!Live() || syncing_) return;
@@ -293,6 +150,11 @@ void DialogView::Act(int index, const std::function<void()>& action) {
   // change them, and rebuilding them under the user's hand would lose the widget's
   // own position).
   Sync(index, kAllAspects & ~kAspectItems);
+}
+
+void DialogView::Watch(QWidget* widget, int index) {
+  widget->setProperty("vglobalControlIndex", index);
+  widget->installEventFilter(this);
 }
 
 void DialogView::keyPressEvent(QKeyEvent* event) {
@@ -315,19 +177,15 @@ void DialogView::keyPressEvent(QKeyEvent* event) {
 
 bool DialogView::eventFilter(QObject* watched, QEvent* event) {
   const QVariant index = watched->property("vglobalControlIndex");
-  if (!index.isValid() || !Live() || syncing_) return QDialog::eventFilter(watched, event);
-  const int i = index.toInt();
+  ControlBinding* binding = index.isValid() ? BindingAt(index.toInt()) : nullptr;
+  if (!binding || !Live() || syncing_) return QDialog::eventFilter(watched, event);
   if (event->type() == QEvent::FocusIn) {
-    Guarded([this, i] { driver_.Focus(ids_[i]); });
-  } else if (event->type() == QEvent::KeyPress && qobject_cast<QPlainTextEdit*>(watched)) {
-    // Enter in a multi-line edit presses the default button unless the edit wants it.
-    auto* key = static_cast<QKeyEvent*>(event);
-    const ControlTemplate* ct = dialog_->GetControlTemplateAt(i);
-    if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) && ct &&
-        !(ct->style & kWantReturn)) {
-      Guarded([this] { driver_.PressEnter(); });
-      return true;
-    }
+    Guarded([this, binding] { driver_.Focus(binding->id()); });
+  } else if (event->type() == QEvent::KeyPress) {
+    bool taken = false;
+    Guarded(
+        [binding, event, &taken] { taken = binding->KeyPressed(static_cast<QKeyEvent*>(event)); });
+    if (taken) return true;
   }
   return QDialog::eventFilter(watched, event);
 }
@@ -341,6 +199,23 @@ void DialogView::closeEvent(QCloseEvent* event) {
 void DialogView::reject() {
   if (!Live()) return QDialog::reject();
   Guarded([this] { driver_.Close(); });
+}
+
+void DialogView::moveEvent(QMoveEvent* event) {
+  QDialog::moveEvent(event);
+  UserPlaced();
+}
+
+void DialogView::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  UserPlaced();
+}
+
+void DialogView::UserPlaced() {
+  if (!Live() || syncing_ || !isVisible()) return;
+  const QRect g = geometry();
+  const RECT placed{g.left(), g.top(), g.left() + g.width(), g.top() + g.height()};
+  Guarded([this, &placed] { driver_.MoveWindow(placed); });
 }
 
 }  // namespace vglobal::qt

@@ -1,12 +1,16 @@
-// DialogView: a QDialog that shows a dialog model. It builds one widget per control
-// from the template, keeps model and widgets in step (the generic binder), and
-// turns keys and the window's close button into the model's actions.
+// DialogView: a QDialog that shows a dialog model. It keeps one binding per control
+// (src/platform/qt/controls: each kind makes, wires and shows its own widget),
+// places the widgets and itself where the model's geometry says, keeps enabled and
+// visible states and the focus in step, and turns keys, the window's close button
+// and the user's moving and resizing into the model's actions.
 #pragma once
 
 #include <QDialog>
 #include <functional>
+#include <memory>
 #include <vector>
 
+#include "platform/qt/controls/control_binding.h"
 #include "vglobal/compat/dialog.h"
 
 class QEvent;
@@ -15,7 +19,7 @@ class QCloseEvent;
 
 namespace vglobal::qt {
 
-class DialogView final : public QDialog, public DialogObserver {
+class DialogView final : public QDialog, public DialogObserver, private BindingHost {
   Q_OBJECT
 
  public:
@@ -34,38 +38,39 @@ class DialogView final : public QDialog, public DialogObserver {
   void TitleChanged() override;
   void Ended(INT_PTR code) override;
   void Closing() override;
+  void ControlAdded(int index) override;
+  void DialogChanged(unsigned aspects) override;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void reject() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  // Building (dialog_view_build.cpp)
-  void Build(const DialogTemplate& t);
-  QWidget* MakeWidget(int index, const ControlTemplate& ct);
-  void Wire(int index, const ControlTemplate& ct, QWidget* widget);
-  int ToPixelsX(int dlu) const;
-  int ToPixelsY(int dlu) const;
+  // BindingHost
+  CDialog* Model() const override { return dialog_; }
+  DialogDriver& Driver() override { return driver_; }
+  void Act(int index, const std::function<void()>& action) override;
+  QWidget* Surface() override { return this; }
+  void Watch(QWidget* widget, int index) override;
 
-  // Binding (dialog_view.cpp)
+  // Building (dialog_view_build.cpp)
+  void Bind(int index);
+  void LinkMnemonics();
+  void PlaceWindow();
   void Sync(int index, unsigned aspects);
-  void SyncText(int index, const ControlTemplate& ct, QWidget* widget);
-  void SyncList(int index, unsigned aspects, QWidget* widget);
-  // Runs a user action on the model, then shows the control as the model has it
-  // (the model may have refused or changed what the user did).
-  void Act(int index, const std::function<void()>& action);
-  // Hands a list's new selection (rows in any order) to the model as the user made it.
-  void SelectRows(int index, int id, bool multi, std::vector<int> rows);
+  ControlBinding* BindingAt(int index) const;
+
+  // The user moved or resized the window: the model learns it.
+  void UserPlaced();
   bool Live() const { return dialog_ && !ending_; }
 
   CDialog* dialog_;  // null once the model has closed
   DialogDriver driver_;
-  std::vector<QWidget*> widgets_;  // by control index
-  std::vector<int> ids_;           // control id by index
-  int baseX_ = 6;                  // dialog base units of the font, in pixels
-  int baseY_ = 13;
+  std::vector<std::unique_ptr<ControlBinding>> bindings_;  // by control index
   int syncing_ = 0;  // > 0 while the model is shown: widget signals are not the user's
   bool ending_ = false;
 };

@@ -9,6 +9,19 @@ target_sources(vglobal_widgets_obj PRIVATE ${CMAKE_CURRENT_LIST_DIR}/qt_dc_image
 target_sources(vglobal_widgets_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/choosers.cpp
   ${CMAKE_CURRENT_LIST_DIR}/drag_drop.cpp)
+# Dialog geometry, modeless dialogs and the widgets of the control kinds.
+target_sources(vglobal_widgets_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/qt_platform_dialogs.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/registry.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/images.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/static.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/button.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/edit.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/list_box.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/combo_box.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/list_ctrl.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/toolbar.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/controls/spin.cpp)
 # Messages, timers, main windows, menus and transient drawing under Qt.
 target_sources(vglobal_widgets_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/qt_windows.cpp
