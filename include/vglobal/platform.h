@@ -122,6 +122,7 @@ class VGLOBAL_EXPORT Platform {
   // Makes the platform window of a frame (a main window with a menu bar) and sets it
   // as the frame's platform window. Default: no window, answers true.
   virtual bool CreateFrame(CFrameWnd& frame);
+  // Destroys what CreateFrame made; the frame's platform window becomes null.
   virtual void DestroyFrame(CFrameWnd& frame);
   // The window's title, visibility or menu (CWnd::GetMenu) changed: its platform
   // window shows them anew. Default: nothing to show.
@@ -137,7 +138,8 @@ class VGLOBAL_EXPORT Platform {
   virtual std::unique_ptr<CDC> CreateClientDC(CWnd& window);
 
   // The default bodies' own state, for tests and headless programs:
-  // Runs the posted calls in order, including those they post, until none is left.
+  // Runs the posted calls in order, including those they post, until none is left
+  // (a call that always posts again keeps it running, as it would a message loop).
   // Returns how many ran.
   std::size_t DrainPosted();
   // Moves the default timers' clock on by `ms`, running each tick that falls due, in
