@@ -104,10 +104,7 @@ bool RenderTextFitting(const QString& file) {
   image.fill(Qt::white);
   QPainter painter(&image);
   vglobal::QtDC dc(font, &painter);
-  auto text = [&](int x, int y, const CString& s, const QColor& color = Qt::black) {
-    painter.setPen(color);
-    dc.TextOut(x, y, s);
-  };
+  auto text = [&](int x, int y, const CString& s) { dc.TextOut(x, y, s); };
   auto title = [&](int y, const QString& s) {
     painter.setPen(Qt::black);
     painter.setFont(heading);

@@ -11,6 +11,10 @@
 // - Called on the application's user-interface thread only.
 #pragma once
 
+#include <compare>
+#include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
 
 #include "vglobal/compat/cstring.h"
@@ -20,8 +24,24 @@
 
 class CWnd;
 class CDialog;
+class CDC;
+class CFrameWnd;
+class CMenu;
 
 namespace vglobal {
+
+class PixelSurface;
+namespace detail {
+struct HeadlessWindowing;
+VGLOBAL_EXPORT std::shared_ptr<HeadlessWindowing> MakeHeadlessWindowing();
+}  // namespace detail
+
+// One timer: the window's serial number (vglobal::WindowRef) and the timer's id.
+struct TimerKey {
+  std::uint64_t window = 0;
+  UINT_PTR id = 0;
+  auto operator<=>(const TimerKey&) const = default;
+};
 
 class VGLOBAL_EXPORT Platform {
  public:
@@ -83,6 +103,56 @@ class VGLOBAL_EXPORT Platform {
 
   // ---- windows: messages, timers, menus, drawing on a window -----------------
 
+  // Queues `call` to run on the user-interface thread after the current event, in
+  // the order queued (posted messages). May be called from any thread. Default: a
+  // queue in this object that nothing drains by itself: headless programs and tests
+  // run it with DrainPosted.
+  virtual void Post(std::function<void()> call);
+  // Starts the timer that `key` names, or restarts it with a new period: `tick` then
+  // runs on the user-interface thread every `elapse` ms until StopTimer(key). False
+  // when the platform cannot run timers. Default: timers on a clock that only
+  // AdvanceTime moves.
+  virtual bool StartTimer(TimerKey key, UINT elapse, std::function<void()> tick);
+  // Stops a timer; nothing happens for one that is not running.
+  virtual void StopTimer(TimerKey key);
+  // `window` is being destroyed: whatever the platform keeps for it goes (its
+  // timers, its transient drawing).
+  virtual void WindowDestroyed(const CWnd& window);
+
+  // Makes the platform window of a frame (a main window with a menu bar) and sets it
+  // as the frame's platform window. Default: no window, answers true.
+  virtual bool CreateFrame(CFrameWnd& frame);
+  // Destroys what CreateFrame made; the frame's platform window becomes null.
+  virtual void DestroyFrame(CFrameWnd& frame);
+  // The window's title, visibility or menu (CWnd::GetMenu) changed: its platform
+  // window shows them anew. Default: nothing to show.
+  virtual void FrameChanged(CWnd& window);
+  // Shows `popup` at screen point (x, y) for `owner` and returns the command id the
+  // user chose, 0 when none. Unless flags has TPM_NONOTIFY, the owner's update
+  // handlers run before each pop-up opens (vglobal::NotifyMenuOpening). Default: no
+  // screen; the update handlers run and the answer is 0.
+  virtual UINT TrackPopupMenu(CMenu& popup, UINT flags, int x, int y, CWnd& owner);
+  // A drawing context for transient drawing on `window` (CClientDC): what is drawn
+  // shows over the window's own contents until drawn away again with an inverting
+  // raster mode. Default: the window's vglobal::PixelSurface (TransientSurface).
+  virtual std::unique_ptr<CDC> CreateClientDC(CWnd& window);
+
+  // The default bodies' own state, for tests and headless programs:
+  // Runs the posted calls in order, including those they post, until none is left
+  // (a call that always posts again keeps it running, as it would a message loop).
+  // Returns how many ran.
+  std::size_t DrainPosted();
+  // Moves the default timers' clock on by `ms`, running each tick that falls due, in
+  // the order of their times (a timer due several times ticks several times).
+  void AdvanceTime(UINT ms);
+  // The surface a default client DC of `window` draws on; null before the first.
+  const PixelSurface* TransientSurface(const CWnd& window);
+
+ private:
+  // Made with the platform, so that Post may be called from any thread at once.
+  std::shared_ptr<detail::HeadlessWindowing> headless_ = detail::MakeHeadlessWindowing();
+
+ public:
   // ---- images, choosers, drag and drop --------------------------------------
 
   // Asks the user for a file (vglobal/choosers.h: what the request holds). On true,

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "vglobal/compat/dialog.h"
+#include "vglobal/compat/menu_template.h"
 
 namespace vglobal {
 namespace {
@@ -45,6 +46,13 @@ const BitmapResource* FindBitmapIn(const ResourceTables* t, UINT id) {
   return nullptr;
 }
 
+const MenuTemplate* FindMenuIn(const ResourceTables* t, UINT id) {
+  if (!t || !t->menus) return nullptr;
+  for (std::size_t i = 0; i < t->menuCount; ++i)
+    if (t->menus[i] && t->menus[i]->id == id) return t->menus[i];
+  return nullptr;
+}
+
 // Visits the chain in search order and returns the first hit.
 template <typename Result, typename Find>
 Result Search(Find find) {
@@ -77,6 +85,10 @@ const DialogTemplate* FindDialogTemplate(UINT id) {
 const BitmapResource* FindBitmapResource(UINT id) {
   return Search<const BitmapResource*>(
       [id](const ResourceTables* t) { return FindBitmapIn(t, id); });
+}
+
+const MenuTemplate* FindMenuTemplate(UINT id) {
+  return Search<const MenuTemplate*>([id](const ResourceTables* t) { return FindMenuIn(t, id); });
 }
 
 }  // namespace vglobal

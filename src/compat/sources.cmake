@@ -43,3 +43,13 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/file_dialog.cpp
   ${CMAKE_CURRENT_LIST_DIR}/global_memory.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ole.cpp)
+# Messages, commands, timers, menus on screen and drawing on a window.
+target_sources(vglobal_core_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/window_messages.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/window_timers.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/cmd_ui.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/menu_resources.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/frame_wnd.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/window_gdi.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/pixel_surface.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/client_dc.cpp)

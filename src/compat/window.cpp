@@ -1,11 +1,9 @@
-// CWnd: the plain window, which remembers its own text and states.
+// CWnd: the plain window, which remembers its own text and states (its messages,
+// timers and menu are in window_messages.cpp and window_timers.cpp).
 #include <algorithm>
 
 #include "vglobal/compat/window.h"
 #include "vglobal/platform.h"
-
-CWnd::CWnd() = default;
-CWnd::~CWnd() = default;
 
 void CWnd::SetWindowText(const wchar_t* text) {
   text_ = text;

@@ -14,6 +14,11 @@
 
 namespace {
 
+// The state and type bits an item keeps (never MF_BYPOSITION).
+constexpr UINT kKeptFlags = MF_GRAYED | MF_DISABLED | MF_CHECKED | MF_POPUP | MF_SEPARATOR |
+                            MF_MENUBARBREAK | MF_MENUBREAK | MF_DEFAULT | MF_RIGHTJUSTIFY |
+                            MFT_RADIOCHECK;
+
 struct MenuItem {
   UINT flags = 0;  // MF_ state and type bits, never MF_BYPOSITION
   UINT id = 0;
@@ -117,8 +122,11 @@ bool IsAncestorOrSelf(UINT_PTR candidate, UINT_PTR of) {
 }
 
 // Builds the item an Append/Insert/Modify call describes; false when it is invalid.
+// Pictures and owner-drawn items carry no text (their idNewItem-side pointer is not
+// a string), so they are refused rather than read.
 bool MakeItem(UINT_PTR owner, UINT flags, UINT_PTR idNewItem, const wchar_t* text, MenuItem& out) {
-  out.flags = flags & (MF_GRAYED | MF_DISABLED | MF_CHECKED | MF_POPUP | MF_SEPARATOR);
+  if (flags & (MF_BITMAP | MF_OWNERDRAW)) return false;
+  out.flags = flags & kKeptFlags;
   if (flags & MF_SEPARATOR) {
     out.flags &= ~MF_POPUP;
     return true;
@@ -257,8 +265,9 @@ BOOL CMenu::ModifyMenu(UINT position, UINT flags, UINT_PTR idNewItem, const wcha
   UINT_PTR oldPopup = f.item()->popup;
   MenuItem item;
   if ((flags & MF_POPUP) && idNewItem == oldPopup) {
+    if (flags & (MF_BITMAP | MF_OWNERDRAW)) return FALSE;
     item = *f.item();  // same pop-up, new text or state
-    item.flags = (flags & (MF_GRAYED | MF_DISABLED | MF_CHECKED)) | MF_POPUP;
+    item.flags = (flags & kKeptFlags & ~MF_SEPARATOR) | MF_POPUP;
     item.text = text ? text : L"";
   } else {
     if (!MakeItem(owner, flags, idNewItem, text, item)) return FALSE;
@@ -290,8 +299,8 @@ int CMenu::GetMenuString(UINT item, wchar_t* buffer, int maxCount, UINT flags) c
   Found f = Locate(Key(m_hMenu), item, flags);
   if (!f.menu) return 0;
   const std::wstring& text = f.item()->text;
-  if (!buffer) return static_cast<int>(text.size());
-  if (maxCount <= 0) return 0;
+  // Without room to copy into, the answer is the text's length.
+  if (!buffer || maxCount <= 0) return static_cast<int>(text.size());
   int n = std::min(static_cast<int>(text.size()), maxCount - 1);
   std::copy_n(text.data(), n, buffer);
   buffer[n] = L'\0';
@@ -345,4 +354,23 @@ UINT CMenu::EnableMenuItem(UINT item, UINT enable) {
   UINT previous = f.item()->flags & kMask;
   f.item()->flags = (f.item()->flags & ~kMask) | (enable & kMask);
   return previous;
+}
+
+BOOL CMenu::CheckMenuRadioItem(UINT first, UINT last, UINT item, UINT flags) {
+  std::lock_guard lock(Table().mutex);
+  const UINT by = flags & MF_BYPOSITION;
+  Found a = Locate(Key(m_hMenu), first, by), b = Locate(Key(m_hMenu), last, by),
+        checked = Locate(Key(m_hMenu), item, by);
+  if (!a.menu || a.menu != b.menu || a.menu != checked.menu) return FALSE;
+  const std::size_t low = std::min(a.index, b.index), high = std::max(a.index, b.index);
+  if (checked.index < low || checked.index > high) return FALSE;
+  for (std::size_t i = low; i <= high; ++i) {
+    MenuItem& it = a.menu->items[i];
+    if (it.flags & MF_SEPARATOR) continue;
+    if (i == checked.index)
+      it.flags |= MF_CHECKED | MFT_RADIOCHECK;
+    else
+      it.flags &= ~MF_CHECKED;
+  }
+  return TRUE;
 }

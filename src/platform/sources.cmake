@@ -10,3 +10,5 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/platform_services.cpp
   ${CMAKE_CURRENT_LIST_DIR}/file_filter.cpp
   ${CMAKE_CURRENT_LIST_DIR}/drag_drop.cpp)
+# Messages, timers, frames, menus and transient drawing: the default bodies.
+target_sources(vglobal_core_obj PRIVATE ${CMAKE_CURRENT_LIST_DIR}/platform_windows.cpp)

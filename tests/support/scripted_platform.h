@@ -19,6 +19,14 @@
 
 namespace vglobal::testing {
 
+// A pop-up menu as the user saw it: each item's text, id and state, after the
+// owner's update handlers ran.
+struct ShownMenuItem {
+  std::wstring text;
+  UINT id;
+  UINT state;
+};
+
 struct ShownMessage {
   CWnd* owner;
   std::wstring text;
@@ -41,6 +49,8 @@ class ScriptedPlatform : public Platform {
   std::deque<Script> scripts;
   std::vector<std::wstring> opened;       // OpenWithDesktop targets
   std::vector<std::wstring> statusTexts;  // SetStatusBarText texts
+  std::deque<UINT> popupChoices;          // for TrackPopupMenu; 0 (dismissed) when empty
+  std::vector<std::vector<ShownMenuItem>> popups;
   int modalRuns = 0;
 
   int MessageBox(CWnd* owner, const wchar_t* text, const wchar_t* caption, UINT style) override {
@@ -72,6 +82,22 @@ class ScriptedPlatform : public Platform {
   bool OpenWithDesktop(const std::wstring& target) override {
     opened.push_back(target);
     return true;
+  }
+
+  UINT TrackPopupMenu(CMenu& popup, UINT flags, int x, int y, CWnd& owner) override {
+    Platform::TrackPopupMenu(popup, flags, x, y, owner);  // the update handlers
+    std::vector<ShownMenuItem> shown;
+    for (int i = 0; i < popup.GetMenuItemCount(); ++i) {
+      CString text;
+      popup.GetMenuString(static_cast<UINT>(i), text, MF_BYPOSITION);
+      shown.push_back({text.GetString(), popup.GetMenuItemID(i),
+                       popup.GetMenuState(static_cast<UINT>(i), MF_BYPOSITION)});
+    }
+    popups.push_back(std::move(shown));
+    if (popupChoices.empty()) return 0;
+    UINT choice = popupChoices.front();
+    popupChoices.pop_front();
+    return choice;
   }
 
   bool SetStatusBarText(const wchar_t* text) override {

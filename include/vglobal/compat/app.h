@@ -26,7 +26,7 @@
 #include "vglobal/compat/window.h"
 #include "vglobal/export.h"
 
-class VGLOBAL_EXPORT CWinApp : public CObject {
+class VGLOBAL_EXPORT CWinApp : public CCmdTarget {
  public:
   // appName null: the platform's application name, asked when first needed.
   explicit CWinApp(const wchar_t* appName = nullptr);

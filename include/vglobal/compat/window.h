@@ -2,23 +2,36 @@
 // measuring and drawing), CMenu (a menu model) and CDocument.
 //
 // Map of this header:
-//   1. CWnd        - a window as the library's logic sees it
-//   2. CDC         - text measuring and drawing behind virtual functions, DT_ flags
-//   3. CMenu       - menus as data: items, pop-ups, check and enable states, MF_ flags
+//   1. CWnd        - a window as the library's logic sees it; its messages and timers
+//   2. CDC         - text measuring and drawing behind virtual functions, DT_ flags;
+//                    pens, brushes, fonts and raster modes (vglobal/compat/gdi.h)
+//   3. CMenu       - menus as data: items, pop-ups, check and enable states, MF_ flags;
+//                    loading menu resources and tracking a pop-up on screen
 //   4. CDocument   - path, title and modified flag of a document
 //
 // Contract common to all: objects of the user-interface thread; not thread-safe.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
+#include "vglobal/compat/cmd_target.h"
 #include "vglobal/compat/collections.h"
 #include "vglobal/compat/cstring.h"
+#include "vglobal/compat/gdi.h"
 #include "vglobal/compat/geometry.h"
 #include "vglobal/compat/types.h"
+#include "vglobal/compat/window_messages.h"
 #include "vglobal/export.h"
+
+class CMenu;
+namespace vglobal {
+struct WindowMessages;
+class WindowRef;
+}  // namespace vglobal
 
 // ---- 1. CWnd ---------------------------------------------------------------------
 
@@ -45,7 +58,7 @@ constexpr int SW_SHOWNA = 8;
 // The state functions are virtual: dialogs and dialog controls (vglobal/compat/
 // dialog.h, controls.h) keep their state in the dialog's model and tell the platform
 // when it changes. A plain CWnd just remembers what it was told.
-class VGLOBAL_EXPORT CWnd : public CObject {
+class VGLOBAL_EXPORT CWnd : public CCmdTarget {
  public:
   CWnd();
   ~CWnd() override;
@@ -134,6 +147,65 @@ class VGLOBAL_EXPORT CWnd : public CObject {
  public:
   // ---- messages, commands and timers ----------------------------------------------
 
+  // Calls this window's handler of `message` at once and returns its result (0 when
+  // nothing handles it). WM_COMMAND goes to the command map (OnCmdMsg with the
+  // command id from the low word and the notification code from the high word of
+  // wParam), WM_TIMER to OnTimer, WM_CLOSE to OnClose, WM_INITMENUPOPUP to
+  // OnInitMenuPopup; any message may have its own entry (OnMessage), which comes first.
+  LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+  // Queues the message on the user-interface thread (vglobal::Platform::Post) and
+  // returns TRUE at once; it is delivered as SendMessage would, after the current
+  // handler returns, unless this window is destroyed first (then it is dropped).
+  // May be called from any thread, as long as the window lives until the call returns.
+  BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+
+  // Starts timer `id` (or restarts it with the new period): every `elapse` ms the
+  // window gets WM_TIMER with wParam = id, or `proc` is called instead when given.
+  // elapse is kept within 10 ms .. 0x7FFFFFFF ms. Returns id, or 0 when id is 0 or
+  // the platform cannot run a timer. Timers stop with KillTimer or when the window
+  // is destroyed; killing one from its own OnTimer is safe.
+  UINT_PTR SetTimer(UINT_PTR id, UINT elapse, TIMERPROC proc);
+  // FALSE when this window has no timer `id`.
+  BOOL KillTimer(UINT_PTR id);
+
+  // The window's menu (a menu bar; null when none or when it was destroyed). The
+  // window owns a menu it was given and destroys it with itself, unless another
+  // replaces it first (the replaced menu is left alive). SetMenu(nullptr) removes it.
+  BOOL SetMenu(CMenu* menu);
+  CMenu* GetMenu() const;
+  // Shows the menu bar anew after its top-level items changed (pop-ups show their
+  // current items whenever they open).
+  void DrawMenuBar();
+
+ protected:
+  // Delivers one message (SendMessage and posted messages end here). The default
+  // looks the message up as SendMessage describes; an override may take messages
+  // first and pass the rest on.
+  virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+  virtual void OnTimer(UINT_PTR id);
+  // The window's close command (WM_CLOSE). The plain window does nothing.
+  virtual void OnClose();
+  // A pop-up of this window's menu, or a pop-up it tracks, is about to open: the
+  // default runs the update handlers of its items (vglobal::UpdateMenuCommandUI),
+  // leaving items that have none as they are.
+  virtual void OnInitMenuPopup(CMenu* popup, UINT index, BOOL sysMenu);
+
+  // A message-map entry for any message number (the counterpart of ON_MESSAGE),
+  // typically an application's own WM_APP + n.
+  template <typename D>
+  void OnMessage(UINT message, LRESULT (D::*handler)(WPARAM, LPARAM)) {
+    static_assert(std::is_base_of_v<CWnd, D>, "handlers belong to the window's class");
+    AddMessage(message, [this, handler](WPARAM w, LPARAM l) {
+      return (static_cast<D*>(this)->*handler)(w, l);
+    });
+  }
+
+ private:
+  friend class vglobal::WindowRef;
+  void AddMessage(UINT message, std::function<LRESULT(WPARAM, LPARAM)> handler);
+  std::unique_ptr<vglobal::WindowMessages> messages_;
+  std::uint64_t serial_ = 0;
+
  protected:
   CWnd* parent_ = nullptr;
 
@@ -143,6 +215,25 @@ class VGLOBAL_EXPORT CWnd : public CObject {
   bool enabled_ = true;
   bool visible_ = true;
 };
+
+namespace vglobal {
+// A reference to a window that knows when the window has gone: Get() answers the
+// window while it lives and null after it was destroyed (never a dangling pointer).
+// Cheap to copy; usable from any thread, but Get() and the use of its answer belong
+// on the user-interface thread.
+class VGLOBAL_EXPORT WindowRef {
+ public:
+  WindowRef() = default;
+  explicit WindowRef(const CWnd* window);
+  CWnd* Get() const;
+  // The window's serial number: never reused in the process, 0 for no window.
+  std::uint64_t Serial() const { return serial_; }
+  bool operator==(const WindowRef&) const = default;
+
+ private:
+  std::uint64_t serial_ = 0;
+};
+}  // namespace vglobal
 
 // ---- 2. CDC ----------------------------------------------------------------------
 
@@ -222,6 +313,90 @@ class VGLOBAL_EXPORT CDC {
 
   // ---- pens, brushes, raster mode and lines ------------------------------------
 
+  // Selects a pen, brush or font for the drawing that follows and returns the one
+  // selected before (the DC starts with the stock black pen, the stock white brush
+  // and a stock font that stands for the DC's own font). Null, and nothing changes,
+  // for a null, empty or destroyed object. The DC keeps a copy of the value.
+  CPen* SelectObject(CPen* pen);
+  CBrush* SelectObject(CBrush* brush);
+  CFont* SelectObject(CFont* font);
+  // WHITE_PEN, NULL_BRUSH ...; returns the object of that kind selected before, null
+  // for an unknown index.
+  CGdiObject* SelectStockObject(int index);
+
+  // The raster mode of pens and brushes (R2_COPYPEN at first). Returns the previous
+  // mode, or 0 (and nothing changes) for a mode outside R2_BLACK..R2_WHITE.
+  int SetROP2(int mode);
+  int GetROP2() const { return rop2_; }
+  COLORREF SetTextColor(COLORREF color);  // these three return the previous value
+  COLORREF GetTextColor() const { return textColor_; }
+  COLORREF SetBkColor(COLORREF color);
+  COLORREF GetBkColor() const { return bkColor_; }
+  // TRANSPARENT or OPAQUE (the default); 0 and no change for anything else.
+  int SetBkMode(int mode);
+  int GetBkMode() const { return bkMode_; }
+
+  // Lines: MoveTo sets the current position and returns the previous one; LineTo
+  // draws from it with the pen to (x, y), leaving (x, y) itself out, and moves there.
+  CPoint MoveTo(int x, int y);
+  CPoint MoveTo(POINT point) { return MoveTo(point.x, point.y); }
+  BOOL LineTo(int x, int y);
+  BOOL LineTo(POINT point) { return LineTo(point.x, point.y); }
+  CPoint GetCurrentPosition() const { return position_; }
+
+  // Fills the rectangle with `color`, whatever the raster mode. As in the legacy
+  // implementation, the background colour becomes `color` and stays so.
+  void FillSolidRect(LPCRECT rect, COLORREF color);
+  void FillSolidRect(int x, int y, int cx, int cy, COLORREF color);
+  // Shapes in the box (left, top)-(right, bottom), right and bottom edges outside:
+  // outlined with the pen, filled with the brush, both through the raster mode. A
+  // box given the wrong way round is normalized. Pie: the wedge of the ellipse from
+  // the ray through (xStart, yStart) counter-clockwise to the ray through (xEnd, yEnd)
+  // (the whole ellipse when the rays coincide); a ray from the centre to itself
+  // points right. Each answers FALSE when the DC has no surface to draw on.
+  BOOL Rectangle(int left, int top, int right, int bottom);
+  BOOL Rectangle(LPCRECT rect);
+  BOOL Ellipse(int left, int top, int right, int bottom);
+  BOOL Ellipse(LPCRECT rect);
+  BOOL Pie(int left, int top, int right, int bottom, int xStart, int yStart, int xEnd, int yEnd);
+  BOOL Pie(LPCRECT rect, POINT start, POINT end);
+
+  // The shapes PaintShape draws.
+  enum class Shape { kRectangle, kEllipse, kPie };
+  // What a platform DC draws with: the selected pen, brush and font (null: the DC's
+  // own font).
+  const LOGPEN& PenInUse() const { return pen_; }
+  const LOGBRUSH& BrushInUse() const { return brush_; }
+  const LOGFONT* FontInUse() const { return fontSelected_ ? &font_ : nullptr; }
+
+ protected:
+  // The primitives a platform DC draws with, reading the state above. `from`-`to`
+  // leaves `to` out; `box` is normalized; for a pie, start and end are the points
+  // the rays pass through. The defaults draw nothing and answer FALSE.
+  virtual BOOL PaintLine(CPoint from, CPoint to);
+  virtual BOOL PaintSolidRect(const CRect& rect, COLORREF color);
+  virtual BOOL PaintShape(Shape shape, const CRect& box, CPoint start, CPoint end);
+  // The selected font changed (FontInUse): a platform DC measures and draws with it
+  // from now on.
+  virtual void FontSelected();
+
+ private:
+  friend class CClientDC;
+  // Takes over another DC's selections and modes (a client DC hands its state to the
+  // platform's DC before each call).
+  void AdoptState(const CDC& from);
+
+  LOGPEN pen_{PS_SOLID, {1, 0}, 0};
+  LOGBRUSH brush_{BS_SOLID, 0xFFFFFF, 0};
+  LOGFONT font_{};
+  bool fontSelected_ = false;
+  CGdiObject* selected_[3] = {nullptr, nullptr, nullptr};  // by CGdiObject::Kind
+  int rop2_ = R2_COPYPEN;
+  COLORREF textColor_ = 0;
+  COLORREF bkColor_ = 0xFFFFFF;
+  int bkMode_ = OPAQUE;
+  CPoint position_;
+
  protected:
   // Draws one laid-out line. The default writes it with TextOut; a platform may
   // override to underline the mnemonic at `mnemonic` (-1 for none) or clip.
@@ -244,6 +419,28 @@ constexpr UINT MF_CHECKED = 0x0008;
 constexpr UINT MF_POPUP = 0x0010;
 constexpr UINT MF_BYPOSITION = 0x0400;
 constexpr UINT MF_SEPARATOR = 0x0800;
+constexpr UINT MF_MENUBARBREAK = 0x0020;
+constexpr UINT MF_MENUBREAK = 0x0040;
+constexpr UINT MF_DEFAULT = 0x1000;
+constexpr UINT MF_RIGHTJUSTIFY = 0x4000;
+// An item checked with a bullet instead of a tick (CheckMenuRadioItem sets it).
+constexpr UINT MFT_RADIOCHECK = 0x0200;
+// Items that are pictures or drawn by their owner: there is no text to take, so
+// AppendMenu, InsertMenu and ModifyMenu refuse them.
+constexpr UINT MF_BITMAP = 0x0004;
+constexpr UINT MF_OWNERDRAW = 0x0100;
+
+// TrackPopupMenu flags.
+constexpr UINT TPM_LEFTBUTTON = 0x0000;
+constexpr UINT TPM_RIGHTBUTTON = 0x0002;
+constexpr UINT TPM_LEFTALIGN = 0x0000;
+constexpr UINT TPM_CENTERALIGN = 0x0004;
+constexpr UINT TPM_RIGHTALIGN = 0x0008;
+constexpr UINT TPM_TOPALIGN = 0x0000;
+constexpr UINT TPM_VCENTERALIGN = 0x0010;
+constexpr UINT TPM_BOTTOMALIGN = 0x0020;
+constexpr UINT TPM_NONOTIFY = 0x0080;
+constexpr UINT TPM_RETURNCMD = 0x0100;
 // The answer of CheckMenuItem/EnableMenuItem/GetMenuState for an item that does not exist.
 constexpr UINT kMenuNoItem = 0xFFFFFFFFu;
 
@@ -292,7 +489,8 @@ class VGLOBAL_EXPORT CMenu : public CObject {
   // The command id at `position`: 0 for a separator, -1 for a pop-up or no item.
   UINT GetMenuItemID(int position) const;
   // Copies at most maxCount - 1 characters of the item's text and a terminating
-  // zero; returns the number copied (0 when the item does not exist).
+  // zero; returns the number copied (0 when the item does not exist). A null buffer
+  // or a maxCount of 0 or less copies nothing and returns the text's length.
   int GetMenuString(UINT item, wchar_t* buffer, int maxCount, UINT flags) const;
   int GetMenuString(UINT item, CString& text, UINT flags) const;
   // The pop-up at `position`, or null.
@@ -304,6 +502,24 @@ class VGLOBAL_EXPORT CMenu : public CObject {
   // MF_DISABLED), or kMenuNoItem when the item does not exist.
   UINT CheckMenuItem(UINT item, UINT check);
   UINT EnableMenuItem(UINT item, UINT enable);
+  // Checks `item` with a bullet and unchecks the other items first..last of the menu
+  // that holds `item` (by position, or by command id within that menu). FALSE when
+  // an item is missing or the three do not lie in one menu.
+  BOOL CheckMenuRadioItem(UINT first, UINT last, UINT item, UINT flags);
+
+  // Builds the menu of resource `id` (vglobal::FindMenuTemplate) and attaches it.
+  // FALSE, and nothing attached, when no module has that menu, when its template is
+  // malformed (null items, pop-ups nested deeper than vglobal::kMaxMenuDepth), or
+  // when a menu is attached already.
+  BOOL LoadMenu(UINT id);
+
+  // Shows this menu as a pop-up at screen point (x, y) for `owner`, whose pop-up
+  // update handlers run first (WM_INITMENUPOPUP; not with TPM_NONOTIFY). Returns once
+  // the user chose or dismissed it. With TPM_RETURNCMD the answer is the chosen
+  // command id (0: none) and nothing is sent; otherwise the answer is TRUE and the
+  // chosen command is posted to the owner as WM_COMMAND (not with TPM_NONOTIFY).
+  // FALSE (0) for a null owner or no menu attached. `rect` is accepted and ignored.
+  BOOL TrackPopupMenu(UINT flags, int x, int y, CWnd* owner, LPCRECT rect = nullptr);
 };
 
 // ---- 4. CDocument ----------------------------------------------------------------

@@ -1,8 +1,16 @@
 // A CDC over Qt: measures with a QFont and draws with a QPainter, so that the
 // library's text layout (CDC::DrawText, and the text-fitting functions built on it)
-// works with the fonts the user sees.
+// works with the fonts the user sees, and lines, fills and shapes come out with the
+// pens, brushes and raster modes the caller selected.
+//
+// Text is drawn in the DC's text colour (black at first), over a box of the
+// background colour while the background mode is OPAQUE (the default, as in the
+// legacy drawing: callers that draw over a picture set TRANSPARENT). Raster modes
+// other than R2_COPYPEN combine with the pixels under them only on surfaces that
+// support it (a QImage of format RGB32 or ARGB32_Premultiplied).
 //
 // Contract: GUI thread only; the painter is not owned and must outlive the object.
+// The painter's own state is left as it was after every call.
 #pragma once
 
 #include <QFont>
@@ -17,7 +25,8 @@ namespace vglobal {
 
 class VGLOBAL_EXPORT QtDC : public CDC {
  public:
-  // Measures with `font`; draws on `painter` (null: measuring only, TextOut fails).
+  // Measures with `font` (the DC's own font, until a CFont is selected); draws on
+  // `painter` (null: measuring only, drawing fails).
   explicit QtDC(const QFont& font, QPainter* painter = nullptr);
 
   // A count of -1 means "up to the terminating zero"; a null text measures as
@@ -34,14 +43,30 @@ class VGLOBAL_EXPORT QtDC : public CDC {
   using CDC::GetTextExtent;
   using CDC::TextOut;
 
+  // The font measured and drawn with now.
+  const QFont& CurrentFont() const { return font_; }
+
  protected:
   // Underlines the mnemonic character.
   void DrawLine(int x, int y, const std::wstring& line, int mnemonic) override;
+  BOOL PaintLine(CPoint from, CPoint to) override;
+  BOOL PaintSolidRect(const CRect& rect, COLORREF color) override;
+  BOOL PaintShape(Shape shape, const CRect& box, CPoint start, CPoint end) override;
+  void FontSelected() override;
+
+  // For DCs that paint on a surface of their own one call at a time.
+  void SetPainter(QPainter* painter) { painter_ = painter; }
+  QPainter* Painter() const { return painter_; }
 
  private:
+  QFont ownFont_;
   QFont font_;
   QFontMetrics metrics_;
   QPainter* painter_;
 };
+
+// The Qt font a LOGFONT describes, on top of `base` (whose family and size stay
+// where the LOGFONT leaves them at 0 or empty).
+VGLOBAL_EXPORT QFont FontFromLogFont(const LOGFONT& font, const QFont& base);
 
 }  // namespace vglobal

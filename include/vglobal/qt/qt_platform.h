@@ -13,6 +13,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QMainWindow>
 #include <memory>
 
 #include "vglobal/export.h"
@@ -54,6 +55,30 @@ class VGLOBAL_EXPORT QtPlatform : public Platform {
 
   // ---- windows: messages, timers, menus, drawing on a window -----------------
 
+  // A queued call on the application object (QMetaObject::invokeMethod with
+  // Qt::QueuedConnection): it runs when the event loop next gets control.
+  void Post(std::function<void()> call) override;
+  // A QTimer per timer; restarting keeps the one timer.
+  bool StartTimer(TimerKey key, UINT elapse, std::function<void()> tick) override;
+  void StopTimer(TimerKey key) override;
+  void WindowDestroyed(const CWnd& window) override;
+  // A QMainWindow (FrameWindowOf) with the frame's title and a QMenuBar built from
+  // its menu: pop-ups are QMenus whose items are made anew, after the frame's update
+  // handlers ran, each time they are about to show; a chosen item posts WM_COMMAND
+  // to the frame. Closing it sends WM_CLOSE to the frame, which decides.
+  bool CreateFrame(CFrameWnd& frame) override;
+  void DestroyFrame(CFrameWnd& frame) override;
+  // For a window whose platform window is a QMainWindow: its menu bar is built anew
+  // (and for a frame of this layer, its title and visibility follow the model).
+  void FrameChanged(CWnd& window) override;
+  // A QMenu run with exec() at (x, y), moved by the TPM_ alignment flags.
+  UINT TrackPopupMenu(CMenu& popup, UINT flags, int x, int y, CWnd& owner) override;
+  // A window with a QWidget gets an overlay: a child over its whole area, transparent
+  // to the mouse, that shows what the DC drew combined, through the raster mode,
+  // with the window's pixels as they were when the overlay was last clean. A window
+  // without a QWidget gets the default in-memory surface.
+  std::unique_ptr<CDC> CreateClientDC(CWnd& window) override;
+
   // ---- images, choosers, drag and drop --------------------------------------
 
   // A QFileDialog owned by the owner's widget, always Qt's own (not the desktop's),
@@ -88,6 +113,12 @@ VGLOBAL_EXPORT QWidget* ControlWidget(QDialog& view, int id);
 // ---- dialogs: geometry and modeless dialogs ----------------------------------
 
 // ---- windows: messages, timers, menus, drawing on a window -------------------
+
+// The QMainWindow this layer made for a frame (CFrameWnd::Create), or null.
+VGLOBAL_EXPORT QMainWindow* FrameWindowOf(CWnd& frame);
+// The overlay that shows a window's transient drawing (CClientDC), or null when
+// nothing has been drawn on that window.
+VGLOBAL_EXPORT QWidget* TransientOverlayOf(QWidget& window);
 
 // ---- images, choosers, drag and drop ----------------------------------------
 

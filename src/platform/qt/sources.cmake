@@ -22,3 +22,9 @@ target_sources(vglobal_widgets_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/controls/list_ctrl.cpp
   ${CMAKE_CURRENT_LIST_DIR}/controls/toolbar.cpp
   ${CMAKE_CURRENT_LIST_DIR}/controls/spin.cpp)
+# Messages, timers, main windows, menus and transient drawing under Qt.
+target_sources(vglobal_widgets_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/qt_windows.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/main_window.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/menus.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/overlay.cpp)
