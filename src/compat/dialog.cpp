@@ -416,6 +416,13 @@ void CDialog::OnClose() {
 
 void CDialog::OnDestroy() {}
 
+LRESULT CDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_COMMAND && impl_->open && !impl_->closing &&
+      DialogAccess::Send(*this, LOWORD(wParam), HIWORD(wParam)))
+    return 0;
+  return CWnd::WindowProc(message, wParam, lParam);
+}
+
 void CDialog::OnDrawItem(int id, LPDRAWITEMSTRUCT drawItem) {
   if (auto* control = GetDlgItemAs<CStatic>(id)) control->DrawItem(drawItem);
 }

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "support/modeless_story.h"
+#include "support/scripted_platform.h"
 #include "vglobal/compat/dialog.h"
 
 namespace {
@@ -215,6 +217,32 @@ TEST(ModelessDialog, ModalDialogIsNotDestroyedAsAWindow) {
   CDialog missing(31999u);
   EXPECT_FALSE(missing.Create(0));
   EXPECT_FALSE(missing.IsModeless());
+}
+
+// The tool window's story: opened beside the main window, its buttons tell the parent
+// at once and hand work to the main window through the queue, and closing it says
+// good-bye. Commands sent to it reach its buttons' routes.
+TEST(ModelessDialog, TalksToItsParentAndTheMainWindowUntilItIsClosed) {
+  vglobal::testing::ScriptedPlatform platform;
+  story::MainWindow main;
+  CWinApp app(L"Story");
+  app.m_pMainWnd = &main;
+  story::ToolWindow tool(&main);
+  ASSERT_TRUE(tool.Create(0, &main));
+  DialogDriver user(tool);
+
+  ASSERT_TRUE(user.Click(story::IDC_RESET));
+  ASSERT_TRUE(user.Click(story::IDC_PROCESS));
+  EXPECT_EQ(main.log, Log{"reset 0"});  // the command waits for the queue
+  platform.DrainPosted();
+  EXPECT_EQ(main.log, (Log{"reset 0", "process"}));
+
+  tool.SendMessage(WM_COMMAND, MAKEWPARAM(story::IDC_RESET, BN_CLICKED));
+  EXPECT_EQ(main.log.back(), "reset 0");
+  tool.SendMessage(WM_COMMAND, IDCANCEL);  // as the Close button: the window goes
+  EXPECT_FALSE(tool.IsOpen());
+  EXPECT_EQ(main.log.back(), "goodbye 1");
+  EXPECT_EQ(tool.SendMessage(WM_COMMAND, IDCANCEL), 0);  // nothing left to close
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "support/modeless_story.h"
 #include "support/qt_application.h"
 #include "vglobal/compat/image_list.h"
 #include "vglobal/widgets.h"
@@ -207,6 +208,33 @@ TEST(ModelessDialogView, ShowsWithoutWaitingAndGoesWithItsWindow) {
   ASSERT_TRUE(dlg.Create(0));  // again, and destroyed by code
   view = static_cast<QWidget*>(dlg.PlatformWindow());
   EXPECT_TRUE(dlg.DestroyWindow());
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(view.isNull());
+}
+
+// The same story on screen: the tool window shows beside the main window, its buttons
+// are clicked, the command reaches the main window through Qt's event loop, and the
+// window's close button ends it with a good-bye to the parent.
+TEST(ModelessDialogView, TalksToItsParentAndTheMainWindowUntilItIsClosed) {
+  story::MainWindow main;
+  ASSERT_TRUE(main.Create(nullptr, L"Main", WS_OVERLAPPEDWINDOW | WS_VISIBLE));
+  CWinApp app(L"Story");
+  app.m_pMainWnd = &main;
+  story::ToolWindow tool(&main);
+  ASSERT_TRUE(tool.Create(0, &main));
+  QPointer<QDialog> view = qobject_cast<QDialog*>(static_cast<QWidget*>(tool.PlatformWindow()));
+  ASSERT_FALSE(view.isNull());
+  EXPECT_TRUE(view->isVisible());
+
+  QTest::mouseClick(ControlWidget(*view, story::IDC_RESET), Qt::LeftButton);
+  QTest::mouseClick(ControlWidget(*view, story::IDC_PROCESS), Qt::LeftButton);
+  EXPECT_EQ(main.log, Log{"reset 0"});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(main.log, (Log{"reset 0", "process"}));
+
+  view->close();
+  EXPECT_EQ(main.log.back(), "goodbye 1");
+  EXPECT_FALSE(tool.IsOpen());
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(view.isNull());
 }

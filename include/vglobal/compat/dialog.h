@@ -185,14 +185,18 @@ class VGLOBAL_EXPORT CDialog : public CWnd {
   // (vglobal::SetDialogHelpHandler) for the help id, if it is not 0.
   virtual void OnHelp();
   // The window's close command: the base acts as the Cancel button does (nothing
-  // when the dialog has a Cancel button that is disabled).
-  virtual void OnClose();
+  // when the dialog has a Cancel button that is disabled). WM_CLOSE comes here too.
+  void OnClose() override;
   // Runs as the dialog's window goes away (the controls still exist).
   virtual void OnDestroy();
   // Paints an owner-drawn control (ControlKind::OwnerDrawn). The base hands the
   // painting to the control's handle: CStatic::DrawItem of the member attached to
   // it (a class derived from CStatic overrides it).
   virtual void OnDrawItem(int id, LPDRAWITEMSTRUCT drawItem);
+  // WM_COMMAND sent or posted to an open dialog reaches its notification routes
+  // first, as if the control `LOWORD(wParam)` had sent code `HIWORD(wParam)` (so a
+  // command IDOK presses OK); what no route takes goes on to the command map.
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
   std::optional<CRect> RectInParent() const override;
   bool PlaceInParent(const CRect& rect) override;
   const CWnd* PlacedIn() const override { return nullptr; }
