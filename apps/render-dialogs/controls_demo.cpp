@@ -170,7 +170,14 @@ void CControlsDemoDlg::FillLists() {
 // The preview shows sample text in the dialog's font, centred in the control.
 void CControlsDemoDlg::OnDrawItem(int id, LPDRAWITEMSTRUCT drawItem) {
   if (id != IDC_PREVIEW) return CDialog::OnDrawItem(id, drawItem);
+  // A sample of the chosen font on a white card, as a font preview shows it.
+  CDC& dc = *drawItem->pDC;
   CRect area(drawItem->rcItem);
-  drawItem->pDC->DrawText(L"AaBbYyZz 0123", -1, &area,
-                          DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+  dc.FillSolidRect(&area, RGB(0xFF, 0xFF, 0xFF));
+  CFont sample;
+  sample.CreatePointFont(120, L"Serif");
+  CFont* font = dc.SelectObject(&sample);
+  dc.SetBkMode(TRANSPARENT);
+  dc.DrawText(L"AaBbYyZz 0123", -1, &area, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+  dc.SelectObject(font);
 }

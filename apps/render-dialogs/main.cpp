@@ -1,4 +1,4 @@
-// render-dialogs: draws the library's dialogs, as the Qt layer shows them, into PNG
+// render-dialogs: draws the library's dialogs and windows, as the Qt layer shows them, into PNG
 // files for the documentation.
 //
 //   render-dialogs [output-folder]     (default: docs/images)
@@ -18,42 +18,20 @@
 #include <functional>
 #include <memory>
 
-#include "services_pictures.h"
 #include "controls_demo.h"
+#include "picture.h"
+#include "services_pictures.h"
 #include "vglobal/frame.h"
 #include "vglobal/messages/message.h"
 #include "vglobal/util/string_split.h"
 #include "vglobal/util/text_fit.h"
 #include "vglobal/widgets.h"
+#include "windows_pictures.h"
 
 namespace {
 
-QPixmap WithTitleBar(QDialog& dialog) {
-  const QPixmap client = dialog.grab();
-  const QFontMetrics metrics(dialog.font());
-  const int barHeight = metrics.height() + 10;
-  QPixmap picture(client.width() + 2, client.height() + barHeight + 1);
-  picture.fill(QColor(0x70, 0x70, 0x70));
-  QPainter painter(&picture);
-  painter.fillRect(1, 1, client.width(), barHeight - 1, QColor(0x3c, 0x5a, 0x8a));
-  painter.setPen(Qt::white);
-  QFont bold = dialog.font();
-  bold.setBold(true);
-  painter.setFont(bold);
-  painter.drawText(QRect(8, 1, client.width() - 16, barHeight - 1),
-                   Qt::AlignVCenter | Qt::AlignLeft, dialog.windowTitle());
-  painter.drawPixmap(1, barHeight, client);
-  return picture;
-}
-
-bool Save(const QPixmap& picture, const QString& file) {
-  if (!picture.save(file)) {
-    std::fprintf(stderr, "render-dialogs: cannot write %s\n", file.toLocal8Bit().constData());
-    return false;
-  }
-  std::printf("%s\n", file.toLocal8Bit().constData());
-  return true;
-}
+using render::Save;
+using render::WithTitleBar;
 
 // A message as DisplayMsg shows it: the box is grabbed while it is open, then closed
 // with its OK button.
@@ -188,8 +166,8 @@ int main(int argc, char** argv) {
   ok &= RenderTextFitting(folder + QStringLiteral("/text_fitting.png"));
   ok &= render::RenderImageStrips(folder + QStringLiteral("/image_strips.png"));
   ok &= render::RenderChoosers(folder + QStringLiteral("/file_chooser.png"),
-                               folder + QStringLiteral("/folder_chooser.png"),
-                               [](QDialog& dialog) { return WithTitleBar(dialog); });
+                               folder + QStringLiteral("/folder_chooser.png"));
+  ok &= render::RenderWindows(folder);
   {
     CControlsDemoDlg demo;
     ok &= Render(demo, folder + QStringLiteral("/controls-demo.png"));

@@ -3,6 +3,8 @@
 // open).
 #include "services_pictures.h"
 
+#include "picture.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
@@ -18,15 +20,6 @@
 namespace render {
 namespace {
 
-bool Save(const QPixmap& picture, const QString& file) {
-  if (!picture.save(file)) {
-    std::fprintf(stderr, "render-dialogs: cannot write %s\n", file.toLocal8Bit().constData());
-    return false;
-  }
-  std::printf("%s\n", file.toLocal8Bit().constData());
-  return true;
-}
-
 struct Strip {
   UINT id;
   int cx, cy, count;
@@ -35,8 +28,8 @@ struct Strip {
 
 // Grabs the file dialog that opens next once its folder has been read, then
 // cancels it.
-void GrabNextFileDialog(const Framer& frame, const QString& file, bool& ok) {
-  QTimer::singleShot(600, [&frame, file, &ok] {
+void GrabNextFileDialog(const QString& file, bool& ok) {
+  QTimer::singleShot(600, [file, &ok] {
     auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
     if (!dialog) {
       std::fprintf(stderr, "render-dialogs: no file dialog for %s\n",
@@ -44,7 +37,7 @@ void GrabNextFileDialog(const Framer& frame, const QString& file, bool& ok) {
       return;
     }
     dialog->resize(760, 440);  // wide enough for every column
-    ok = Save(frame(*dialog), file);
+    ok = Save(WithTitleBar(*dialog), file);
     dialog->reject();
   });
 }
@@ -100,7 +93,7 @@ bool RenderImageStrips(const QString& file) {
   return Save(QPixmap::fromImage(image.copy(0, 0, image.width(), y)), file) && ok;
 }
 
-bool RenderChoosers(const QString& fileChooser, const QString& folderChooser, const Framer& frame) {
+bool RenderChoosers(const QString& fileChooser, const QString& folderChooser) {
   QTemporaryDir data(QDir::tempPath() + QStringLiteral("/sample-lists-XXXXXX"));
   if (!data.isValid()) return false;
   int size = 3;
@@ -114,14 +107,14 @@ bool RenderChoosers(const QString& fileChooser, const QString& folderChooser, co
   const std::wstring start = data.path().toStdWString();
 
   bool fileOk = false, folderOk = false;
-  GrabNextFileDialog(frame, fileChooser, fileOk);
+  GrabNextFileDialog(fileChooser, fileOk);
   CFileDialog open(TRUE, L"sld", nullptr, OFN_FILEMUSTEXIST | OFN_HIDEREADONLY,
                    L"Sample Lists (*.sld) | *.sld | All Files (*.*) | *.* ||");
   open.m_ofn.lpstrTitle = L"Open Sample List";
   open.m_ofn.lpstrInitialDir = start.c_str();
   open.DoModal();
 
-  GrabNextFileDialog(frame, folderChooser, folderOk);
+  GrabNextFileDialog(folderChooser, folderOk);
   std::wstring folder = start;
   vglobal::GetPlatform().ChooseFolder(nullptr, L"Select Initial Directory for the Program", folder);
   return fileOk && folderOk;

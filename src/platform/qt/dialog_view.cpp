@@ -130,10 +130,7 @@ void DialogView::FocusChanged(int index) {
 }
 
 void DialogView::TitleChanged() {
-  if (!dialog_) return;
-  CString title;
-  dialog_->GetWindowText(title);
-  setWindowTitle(FromWide(title));
+  if (dialog_) setWindowTitle(WindowText(*dialog_));
 }
 
 void DialogView::Ended(INT_PTR code) {

@@ -74,9 +74,7 @@ void QtPlatform::FrameChanged(CWnd& window) {
   qt::FillMenuBar(*main->menuBar(), window.GetMenu() ? window.GetMenu()->GetSafeHmenu() : nullptr,
                   WindowRef(&window));
   if (FrameWindow* ours = OursOf(window)) {
-    CString title;
-    window.GetWindowText(title);
-    ours->setWindowTitle(qt::FromWide(title));
+    ours->setWindowTitle(qt::WindowText(window));
     ours->setVisible(window.IsWindowVisible());
   }
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "vglobal/compat/cstring.h"
+#include "vglobal/compat/window.h"
 
 namespace vglobal::qt {
 
@@ -16,6 +17,12 @@ inline QString FromWide(const CString& text) {
 }
 inline std::wstring ToWide(const QString& text) {
   return text.toStdWString();
+}
+// A window's text (a control's, a dialog's title) for a widget.
+inline QString WindowText(const CWnd& window) {
+  CString text;
+  window.GetWindowText(text);
+  return FromWide(text);
 }
 
 // A multi-line edit's text: CR LF in the model, LF in Qt.

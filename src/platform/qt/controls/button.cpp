@@ -12,12 +12,6 @@
 namespace vglobal::qt {
 namespace {
 
-CString TextOf(const CWnd& window) {
-  CString text;
-  window.GetWindowText(text);
-  return text;
-}
-
 // A clickable button of widget class W.
 template <typename W>
 class ButtonBinding : public ControlBinding {
@@ -29,7 +23,7 @@ class ButtonBinding : public ControlBinding {
   }
   QWidget* Widget() const override { return button_; }
   void Sync(CWnd& control, unsigned aspects) override {
-    if (aspects & kAspectText) button_->setText(FromWide(TextOf(control)));
+    if (aspects & kAspectText) button_->setText(WindowText(control));
     auto* model = dynamic_cast<CButton*>(&control);
     if ((aspects & kAspectCheck) && model) ShowCheck(model->GetCheck());
     ShowDefault();
@@ -90,7 +84,7 @@ class GroupBoxBinding final : public ControlBinding {
   // Group boxes frame other controls: kept underneath, or they take the clicks.
   bool Underneath() const override { return true; }
   void Sync(CWnd& control, unsigned aspects) override {
-    if (aspects & kAspectText) group_->setTitle(FromWide(TextOf(control)));
+    if (aspects & kAspectText) group_->setTitle(WindowText(control));
   }
 
  private:

@@ -11,12 +11,6 @@
 namespace vglobal::qt {
 namespace {
 
-CString TextOf(const CWnd& window) {
-  CString text;
-  window.GetWindowText(text);
-  return text;
-}
-
 class ComboBoxBinding final : public ControlBinding {
  public:
   ComboBoxBinding(BindingHost& host, int index, int id, UINT style)
@@ -55,7 +49,7 @@ class ComboBoxBinding final : public ControlBinding {
     }
     if (aspects & (kAspectItems | kAspectSelection | kAspectText)) {
       combo_->setCurrentIndex(model->GetCurSel());
-      const QString text = FromWide(TextOf(*model));
+      const QString text = WindowText(*model);
       if (QLineEdit* edit = combo_->lineEdit(); edit && edit->text() != text) edit->setText(text);
     }
   }

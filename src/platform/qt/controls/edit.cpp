@@ -13,12 +13,6 @@
 namespace vglobal::qt {
 namespace {
 
-CString TextOf(const CWnd& window) {
-  CString text;
-  window.GetWindowText(text);
-  return text;
-}
-
 // Lets the user type only what the numeric field accepts (the same rule the model
 // applies when the text arrives).
 class NumericValidator final : public QValidator {
@@ -50,7 +44,7 @@ class LineEditBinding final : public ControlBinding {
   void Sync(CWnd& control, unsigned aspects) override {
     auto* model = dynamic_cast<CEdit*>(&control);
     if (!model || !(aspects & (kAspectText | kAspectLimits | kAspectSelection))) return;
-    const QString text = FromWide(TextOf(control));
+    const QString text = WindowText(control);
     const qsizetype limit = std::max<qsizetype>(model->GetLimitText(), text.size());
     edit_->setMaxLength(static_cast<int>(std::min<qsizetype>(limit, INT_MAX)));
     edit_->setReadOnly(model->IsReadOnly());
@@ -82,7 +76,7 @@ class TextEditBinding final : public ControlBinding {
     auto* model = dynamic_cast<CEdit*>(&control);
     if (!model || !(aspects & (kAspectText | kAspectLimits))) return;
     edit_->setReadOnly(model->IsReadOnly());
-    const QString shown = FromWindowsLines(FromWide(TextOf(control)));
+    const QString shown = FromWindowsLines(WindowText(control));
     if (edit_->toPlainText() != shown) edit_->setPlainText(shown);
   }
   // Enter presses the default button unless the edit wants it.

@@ -13,12 +13,6 @@
 namespace vglobal::qt {
 namespace {
 
-CString TextOf(const CWnd& window) {
-  CString text;
-  window.GetWindowText(text);
-  return text;
-}
-
 class StaticBinding final : public ControlBinding {
  public:
   StaticBinding(BindingHost& host, int index, int id, UINT style)
@@ -35,7 +29,7 @@ class StaticBinding final : public ControlBinding {
   bool TakesMnemonic() const override { return false; }
   void Sync(CWnd& control, unsigned aspects) override {
     if (!(aspects & kAspectText)) return;
-    const QString text = FromWide(TextOf(control));
+    const QString text = WindowText(control);
     // "&" marks a mnemonic only where it leads somewhere; elsewhere it is not shown.
     const bool shownAsIs = (style_ & kNoPrefix) || label_->buddy();
     label_->setText(shownAsIs ? text : StripMnemonic(text));

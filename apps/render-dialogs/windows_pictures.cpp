@@ -1,11 +1,9 @@
-// render-windows: draws a main window with its menu bar and an open pop-up, the
-// insertion bar of a toolbar drawn on an overlay, and a disk-space chart drawn
-// through the drawing context, into PNG files for the documentation.
-//
-//   render-windows [output-folder]     (default: docs/images)
-//
-// Runs without a display (the "offscreen" Qt platform) unless QT_QPA_PLATFORM says
-// otherwise. Every picture comes from the library's own windows and drawing calls.
+// Pictures of windows: a main window with its menu bar and an open pop-up, the
+// insertion bar of a toolbar drawn on the overlay, and a disk-space chart drawn
+// through the drawing context. Every picture comes from the library's own windows
+// and drawing calls.
+#include "windows_pictures.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QHBoxLayout>
@@ -16,8 +14,10 @@
 #include <QToolButton>
 #include <cstdio>
 
+#include "picture.h"
 #include "vglobal/widgets.h"
 
+namespace render {
 namespace {
 
 using vglobal::MenuItem;
@@ -57,15 +57,6 @@ class BrowserFrame : public CFrameWnd {
   void OnUpdateChecked(CCmdUI* ui) { ui->SetCheck(ui->m_nID == ID_TOOLBAR); }
   void OnUpdateView(CCmdUI* ui) { ui->SetRadio(ui->m_nID == ID_CHROMATOGRAM); }
 };
-
-bool Save(const QImage& picture, const QString& file) {
-  if (!picture.save(file)) {
-    std::fprintf(stderr, "render-windows: cannot write %s\n", file.toLocal8Bit().constData());
-    return false;
-  }
-  std::printf("%s\n", file.toLocal8Bit().constData());
-  return true;
-}
 
 // The window with its "View" pop-up open below its title in the menu bar.
 bool RenderMainWindow(const QString& file) {
@@ -188,14 +179,7 @@ bool RenderDiskChart(const QString& file) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  const QString folder = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("docs/images");
-  if (!QDir().mkpath(folder)) {
-    std::fprintf(stderr, "render-windows: cannot create %s\n", folder.toLocal8Bit().constData());
-    return 1;
-  }
+bool RenderWindows(const QString& folder) {
   vglobal::ResourceTables resources;
   resources.menus = kMenus;
   resources.menuCount = std::size(kMenus);
@@ -204,5 +188,7 @@ int main(int argc, char** argv) {
   ok &= RenderInsertBar(folder + QStringLiteral("/transient_insert_bar.png"));
   ok &= RenderDiskChart(folder + QStringLiteral("/disk_space_chart.png"));
   vglobal::SetApplicationResources(nullptr);
-  return ok ? 0 : 1;
+  return ok;
 }
+
+}  // namespace render
