@@ -127,24 +127,6 @@ class VGLOBAL_EXPORT CWnd : public CCmdTarget {
   // (vglobal::Platform::ScreenRect); a window without a parent is kept on the screen.
   void CenterWindow(CWnd* alternate = nullptr);
 
- protected:
-  // The window's rectangle in its parent's client coordinates; nullopt when it has
-  // none. Dialogs and controls keep theirs in the dialog's model.
-  virtual std::optional<CRect> RectInParent() const;
-  // Sets it (already checked: width and height not negative); false when the
-  // window has no rectangle.
-  virtual bool PlaceInParent(const CRect& rect);
-  // The window whose client area the rectangle is in: the parent, or null for a
-  // window placed on the screen (a dialog, even when it has an owner).
-  virtual const CWnd* PlacedIn() const { return parent_; }
-  // Where the client area's top-left corner is on the screen; nullopt when the
-  // window has no rectangle.
-  std::optional<CPoint> ScreenOrigin() const;
-
- private:
-  CRect rect_;
-
- public:
   // ---- messages, commands and timers ----------------------------------------------
 
   // Calls this window's handler of `message` at once and returns its result (0 when
@@ -178,6 +160,19 @@ class VGLOBAL_EXPORT CWnd : public CCmdTarget {
   void DrawMenuBar();
 
  protected:
+  // The window's rectangle in its parent's client coordinates; nullopt when it has
+  // none. Dialogs and controls keep theirs in the dialog's model.
+  virtual std::optional<CRect> RectInParent() const;
+  // Sets it (already checked: width and height not negative); false when the
+  // window has no rectangle.
+  virtual bool PlaceInParent(const CRect& rect);
+  // The window whose client area the rectangle is in: the parent, or null for a
+  // window placed on the screen (a dialog, even when it has an owner).
+  virtual const CWnd* PlacedIn() const { return parent_; }
+  // Where the client area's top-left corner is on the screen; nullopt when the
+  // window has no rectangle.
+  std::optional<CPoint> ScreenOrigin() const;
+
   // Delivers one message (SendMessage and posted messages end here). The default
   // looks the message up as SendMessage describes; an override may take messages
   // first and pass the rest on.
@@ -200,16 +195,14 @@ class VGLOBAL_EXPORT CWnd : public CCmdTarget {
     });
   }
 
+  CWnd* parent_ = nullptr;
+
  private:
   friend class vglobal::WindowRef;
   void AddMessage(UINT message, std::function<LRESULT(WPARAM, LPARAM)> handler);
   std::unique_ptr<vglobal::WindowMessages> messages_;
   std::uint64_t serial_ = 0;
-
- protected:
-  CWnd* parent_ = nullptr;
-
- private:
+  CRect rect_;
   void* platformWindow_ = nullptr;
   CString text_;
   bool enabled_ = true;
