@@ -21,34 +21,15 @@
 #include <string>
 #include <vector>
 
+#include "bench_support.h"
 #include "vglobal/qt/qt_dc.h"
 #include "vglobal/util/range_parse.h"
 #include "vglobal/util/text_fit.h"
 
 namespace {
 
-// Runs `baseline` `rounds` times and records its time per round and the ratio of the
-// benchmark's own time per iteration to it.
-template <typename Baseline>
-void CompareWithBaseline(benchmark::State& state, double benchmarkUs, int rounds,
-                         Baseline&& baseline) {
-  const auto start = std::chrono::steady_clock::now();
-  for (int i = 0; i < rounds; ++i) baseline();
-  const double baselineUs =
-      std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count() /
-      rounds;
-  state.counters["baseline_us"] = baselineUs;
-  state.counters["ratio"] = benchmarkUs / baselineUs;
-}
-
-template <typename Body>
-double MicrosecondsPerIteration(benchmark::State& state, Body&& body) {
-  const auto start = std::chrono::steady_clock::now();
-  for (auto _ : state) body();
-  return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start)
-             .count() /
-         static_cast<double>(state.iterations());
-}
+using bench::CompareWithBaseline;
+using bench::MicrosecondsPerIteration;
 
 // ---- FitPathToWidth --------------------------------------------------------------
 
