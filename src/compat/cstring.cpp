@@ -370,3 +370,16 @@ UINT SysStringLen(BSTR text) {
       reinterpret_cast<BstrHeader*>(reinterpret_cast<unsigned char*>(text) - sizeof(BstrHeader));
   return header->bytes / sizeof(wchar_t);
 }
+
+BOOL AfxExtractSubString(CString& piece, const wchar_t* full, int index, wchar_t separator) {
+  piece.Empty();
+  if (!full || index < 0) return FALSE;
+  std::wstring_view rest(full);
+  for (; index > 0; --index) {
+    const std::size_t at = rest.find(separator);
+    if (at == std::wstring_view::npos) return FALSE;
+    rest.remove_prefix(at + 1);
+  }
+  piece = CString(std::wstring(rest.substr(0, rest.find(separator))));
+  return TRUE;
+}

@@ -178,3 +178,21 @@ TEST(ResourceStrings, ApplicationTableIsSearchedFirstThenTheLibrary) {
 }
 
 }  // namespace
+
+TEST(ExtractSubString, CutsAtTheSeparatorAndSaysWhenThePieceIsMissing) {
+  CString piece = L"stale";
+  EXPECT_TRUE(AfxExtractSubString(piece, L"Open a file\nOpen", 1));
+  EXPECT_EQ(piece, CString(L"Open"));
+  EXPECT_TRUE(AfxExtractSubString(piece, L"Open a file\nOpen", 0));
+  EXPECT_EQ(piece, CString(L"Open a file"));
+  EXPECT_TRUE(AfxExtractSubString(piece, L"Status only\n", 1));  // present, empty
+  EXPECT_EQ(piece, CString());
+  EXPECT_TRUE(AfxExtractSubString(piece, L"a|b|c", 2, L'|'));
+  EXPECT_EQ(piece, CString(L"c"));
+  for (int index : {2, -1}) {
+    piece = L"stale";
+    EXPECT_FALSE(AfxExtractSubString(piece, L"Open a file\nOpen", index));
+    EXPECT_EQ(piece, CString());
+  }
+  EXPECT_FALSE(AfxExtractSubString(piece, nullptr, 0));
+}

@@ -23,6 +23,8 @@ TEST(Rect, IsHalfOpenAndNormalizes) {
   EXPECT_TRUE(r.PtInRect(CPoint(0, 5)));
   EXPECT_FALSE(r.PtInRect(CPoint(10, 5)));
   EXPECT_FALSE(r.PtInRect(CPoint(0, 20)));
+  EXPECT_TRUE(PtInRect(&r, CPoint(9, 19)));  // the free function of drop-position code
+  EXPECT_FALSE(PtInRect(nullptr, CPoint(0, 5)));
   EXPECT_EQ(r.CenterPoint(), CPoint(5, 12));
   r.InflateRect(1, 2);
   r.OffsetRect(-1, -2);

@@ -232,3 +232,9 @@ VGLOBAL_EXPORT BSTR SysAllocString(const wchar_t* text);
 VGLOBAL_EXPORT BSTR SysAllocStringLen(const wchar_t* text, UINT length);
 VGLOBAL_EXPORT void SysFreeString(BSTR text);
 VGLOBAL_EXPORT UINT SysStringLen(BSTR text);
+
+// The `index`-th piece (from 0) of `full` cut at each `separator`, as status-bar
+// and tooltip texts are kept in one resource string ("status\ntip"). FALSE, with
+// `piece` empty, when the text has fewer pieces or is null, or index is negative.
+VGLOBAL_EXPORT BOOL AfxExtractSubString(CString& piece, const wchar_t* full, int index,
+                                        wchar_t separator = L'\n');

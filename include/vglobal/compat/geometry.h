@@ -222,3 +222,9 @@ class CRect : public RECT {
   }
   constexpr CRect& operator-=(POINT p) { return *this = *this - p; }
 };
+
+// Whether the point lies in the rectangle (right and bottom edges outside); FALSE
+// for a null rectangle.
+constexpr BOOL PtInRect(const RECT* rect, POINT point) {
+  return rect && CRect(*rect).PtInRect(point);
+}
