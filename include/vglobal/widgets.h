@@ -1,5 +1,6 @@
 // All of vglobal::widgets, the Qt layer: the Qt platform, the rendering of dialog
-// models, and a drawing context over Qt. Includes Qt headers through the headers below.
+// models and main windows, a drawing context over Qt, and the drag loop's seam.
+// Includes Qt headers through the headers below.
 #pragma once
 
 #include "vglobal/vglobal.h"
