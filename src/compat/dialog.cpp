@@ -73,7 +73,7 @@ bool DialogAccess::Send(CDialog& d, int id, UINT code, NMHDR* hdr, LRESULT* resu
   for (std::size_t i = 0; i < w.routes.size(); ++i) {
     const DialogState::Route& r = w.routes[i];
     if (id < r.first || id > r.last || code != r.code) continue;
-    DialogHandler handler = r.handler;  // the handler may add routes
+    const DialogHandler& handler = *r.handler;
     LRESULT answer = 0;
     NMHDR plain{nullptr, static_cast<UINT_PTR>(id), code};
     handler(static_cast<UINT>(id), hdr ? hdr : &plain, &answer);
@@ -227,7 +227,8 @@ INT_PTR CDialog::GetEndCode() const {
 }
 
 void CDialog::AddRoute(int first, int last, UINT code, vglobal::DialogHandler handler) {
-  impl_->routes.push_back({first, last, code, std::move(handler)});
+  impl_->routes.push_back(
+      {first, last, code, std::make_unique<const vglobal::DialogHandler>(std::move(handler))});
 }
 
 // ---- 3. controls by id -------------------------------------------------------------

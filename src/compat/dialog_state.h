@@ -102,7 +102,9 @@ struct DialogState {
   struct Route {
     int first, last;
     UINT code;
-    DialogHandler handler;
+    // In a block of its own, which stays where it is when a running handler adds
+    // routes: a notification calls it in place, without a copy.
+    std::unique_ptr<const DialogHandler> handler;
   };
 
   const DialogTemplate* givenTemplate = nullptr;

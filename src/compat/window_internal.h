@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -17,7 +18,10 @@ std::uint64_t RegisterWindow(CWnd* window);
 void UnregisterWindow(std::uint64_t serial);
 
 struct WindowMessages {
-  std::vector<std::pair<UINT, std::function<LRESULT(WPARAM, LPARAM)>>> entries;
+  using Handler = std::function<LRESULT(WPARAM, LPARAM)>;
+  // Each handler in a block of its own, which stays where it is when a running
+  // handler adds entries: delivery calls it in place, without a copy.
+  std::vector<std::pair<UINT, std::unique_ptr<const Handler>>> entries;
   std::map<UINT_PTR, TIMERPROC> timers;  // running timers and their procedures
   HMENU menu = nullptr;                  // owned (SetMenu)
 };

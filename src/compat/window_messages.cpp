@@ -63,7 +63,9 @@ struct CommandMap {
   struct Entry {
     UINT first, last;
     int code;
-    std::function<void(UINT, void*)> handler;
+    // In a block of its own, which stays where it is when a running handler adds
+    // entries: dispatch calls it in place, without a copy.
+    std::unique_ptr<const std::function<void(UINT, void*)>> handler;
   };
   std::vector<Entry> entries;
 
@@ -80,7 +82,8 @@ CCmdTarget::CCmdTarget() : commands_(std::make_unique<vglobal::CommandMap>()) {}
 CCmdTarget::~CCmdTarget() = default;
 
 void CCmdTarget::AddEntry(UINT first, UINT last, int code, Handler handler) {
-  commands_->entries.push_back({first, last, code, std::move(handler)});
+  commands_->entries.push_back(
+      {first, last, code, std::make_unique<const Handler>(std::move(handler))});
 }
 
 BOOL CCmdTarget::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* handlerInfo) {
@@ -90,8 +93,7 @@ BOOL CCmdTarget::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* ha
     handlerInfo->pTarget = this;
     return TRUE;
   }
-  // A copy: the handler may add entries, which moves the vector under it.
-  std::function<void(UINT, void*)> handler = entry->handler;
+  const std::function<void(UINT, void*)>& handler = *entry->handler;
   if (code == CN_UPDATE_COMMAND_UI) {
     auto* ui = static_cast<CCmdUI*>(extra);
     if (!ui) return FALSE;
@@ -118,7 +120,8 @@ CWnd::~CWnd() {
 }
 
 void CWnd::AddMessage(UINT message, std::function<LRESULT(WPARAM, LPARAM)> handler) {
-  messages_->entries.emplace_back(message, std::move(handler));
+  messages_->entries.emplace_back(
+      message, std::make_unique<const vglobal::WindowMessages::Handler>(std::move(handler)));
 }
 
 LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -141,8 +144,7 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   }
   for (const auto& [number, handler] : messages_->entries) {
     if (number != message) continue;
-    auto call = handler;  // the handler may add entries, which moves the vector under it
-    return call(wParam, lParam);
+    return (*handler)(wParam, lParam);
   }
   switch (message) {
     case WM_TIMER:
