@@ -14,5 +14,9 @@ cmake -S "$src/tests/consumer" -B "$work/build" -G Ninja \
 cmake --build "$work/build" >/dev/null
 pkg-config --exists vglobal
 mkdir -p "$work/store"
-LD_LIBRARY_PATH="$work/prefix/lib:$work/prefix/lib/x86_64-linux-gnu" \
-  ARVENIS_SETTINGS_DIR="$work/store" QT_QPA_PLATFORM=offscreen "$work/build/consumer"
+# Both run as a user runs them: no LD_LIBRARY_PATH, the libraries found through the
+# run paths of the installed files.
+ARVENIS_SETTINGS_DIR="$work/store" QT_QPA_PLATFORM=offscreen "$work/build/consumer"
+if [ -x "$work/prefix/bin/arvenis-settings" ]; then
+  ARVENIS_SETTINGS_DIR="$work/store" "$work/prefix/bin/arvenis-settings" defaults show >/dev/null
+fi
