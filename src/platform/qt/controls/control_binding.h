@@ -7,8 +7,10 @@
 #pragma once
 
 #include <QRect>
+#include <algorithm>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "vglobal/compat/dialog.h"
 
@@ -66,6 +68,17 @@ class ControlBinding {
 
  protected:
   void Act(const std::function<void()>& action) { host_.Act(index_, action); }
+  // Hands a list's new selection (rows in any order) to the model as the user made
+  // it: one row of a single-selection list is a click on it, anything else the rows.
+  void SelectedByUser(std::vector<int> rows) {
+    std::sort(rows.begin(), rows.end());
+    Act([this, &rows] {
+      if (!(style_ & kMultiSelect) && rows.size() == 1)
+        driver().Select(id_, rows.front());
+      else
+        driver().SelectRows(id_, rows);
+    });
+  }
   DialogDriver& driver() { return host_.Driver(); }
   CDialog* model() const { return host_.Model(); }
 

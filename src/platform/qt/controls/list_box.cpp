@@ -1,7 +1,6 @@
 // The list box's widget: a QListWidget whose rows may show images of the list
 // box's image list.
 #include <QListWidget>
-#include <algorithm>
 #include <vector>
 
 #include "platform/qt/controls/control_binding.h"
@@ -18,16 +17,10 @@ class ListBoxBinding final : public ControlBinding {
     const bool multi = style & kMultiSelect;
     list_->setSelectionMode(multi ? QAbstractItemView::ExtendedSelection
                                   : QAbstractItemView::SingleSelection);
-    QObject::connect(list_, &QListWidget::itemSelectionChanged, list_, [this, multi] {
+    QObject::connect(list_, &QListWidget::itemSelectionChanged, list_, [this] {
       std::vector<int> rows;
       for (QListWidgetItem* item : list_->selectedItems()) rows.push_back(list_->row(item));
-      std::sort(rows.begin(), rows.end());
-      Act([this, multi, &rows] {
-        if (!multi && rows.size() == 1)
-          driver().Select(id_, rows.front());
-        else
-          driver().SelectRows(id_, rows);
-      });
+      SelectedByUser(std::move(rows));
     });
     QObject::connect(list_, &QListWidget::itemDoubleClicked, list_, [this](QListWidgetItem* item) {
       const int row = list_->row(item);

@@ -24,17 +24,11 @@ class ListCtrlBinding final : public ControlBinding {
     tree_->header()->setSectionsClickable(true);
     tree_->setSelectionMode(multi ? QAbstractItemView::ExtendedSelection
                                   : QAbstractItemView::SingleSelection);
-    QObject::connect(tree_, &QTreeWidget::itemSelectionChanged, tree_, [this, multi] {
+    QObject::connect(tree_, &QTreeWidget::itemSelectionChanged, tree_, [this] {
       std::vector<int> rows;
       for (QTreeWidgetItem* item : tree_->selectedItems())
         rows.push_back(tree_->indexOfTopLevelItem(item));
-      std::sort(rows.begin(), rows.end());
-      Act([this, multi, &rows] {
-        if (!multi && rows.size() == 1)
-          driver().Select(id_, rows.front());
-        else
-          driver().SelectRows(id_, rows);
-      });
+      SelectedByUser(std::move(rows));
     });
     QObject::connect(tree_, &QTreeWidget::itemDoubleClicked, tree_,
                      [this](QTreeWidgetItem* item, int) {
