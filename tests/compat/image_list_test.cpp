@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "compat/png_header.h"
+#include "support/app_resources.h"
 #include "vglobal/platform.h"
 
 namespace {
@@ -44,16 +45,14 @@ class TestBitmaps {
       : strips_(std::move(strips)) {
     for (std::size_t i = 0; i < strips_.size(); ++i)
       entries_.push_back({static_cast<UINT>(100 + i), strips_[i].data(), strips_[i].size()});
-    tables_.bitmaps = entries_.data();
-    tables_.bitmapCount = entries_.size();
-    vglobal::SetApplicationResources(&tables_);
+    resources_.tables().bitmaps = entries_.data();
+    resources_.tables().bitmapCount = entries_.size();
   }
-  ~TestBitmaps() { vglobal::SetApplicationResources(nullptr); }
 
  private:
   std::vector<std::vector<unsigned char>> strips_;
   std::vector<vglobal::BitmapResource> entries_;
-  vglobal::ResourceTables tables_;
+  vglobal::testing::ScopedAppResources resources_;
 };
 
 // Records the cells it is asked to draw.

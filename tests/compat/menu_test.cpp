@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "support/app_resources.h"
 #include "support/scripted_platform.h"
 #include "vglobal/compat/app.h"
 #include "vglobal/compat/cmd_ui.h"
@@ -41,15 +42,8 @@ constexpr const vglobal::MenuTemplate* kMenus[] = {&kMain, &kBroken, &kPictureMe
 
 class Menus : public ::testing::Test {
  protected:
-  void SetUp() override {
-    tables_.menus = kMenus;
-    tables_.menuCount = std::size(kMenus);
-    vglobal::SetApplicationResources(&tables_);
-  }
-  void TearDown() override { vglobal::SetApplicationResources(nullptr); }
-
   vglobal::testing::ScriptedPlatform platform_;
-  vglobal::ResourceTables tables_;
+  vglobal::testing::ScopedAppResources resources_{kMenus};
 };
 
 std::vector<std::wstring> Texts(CMenu& menu) {

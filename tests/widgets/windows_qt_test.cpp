@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <QtTest/QTest>
 
+#include "support/app_resources.h"
 #include "support/qt_application.h"
 #include "vglobal/widgets.h"
 
@@ -51,13 +52,7 @@ class MainFrame : public CFrameWnd {
 
 class QtWindows : public ::testing::Test {
  protected:
-  void SetUp() override {
-    tables_.menus = kMenus;
-    tables_.menuCount = std::size(kMenus);
-    vglobal::SetApplicationResources(&tables_);
-  }
-  void TearDown() override { vglobal::SetApplicationResources(nullptr); }
-  vglobal::ResourceTables tables_;
+  vglobal::testing::ScopedAppResources resources_{kMenus};
 };
 
 QMenu* MenuTitled(QMenuBar& bar, const QString& title) {
