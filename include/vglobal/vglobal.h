@@ -31,6 +31,7 @@
 #include "vglobal/choosers.h"
 #include "vglobal/drag_drop.h"
 #include "vglobal/platform.h"
+#include "vglobal/processes.h"
 
 #include "vglobal/settings.h"
 #include "vglobal/settings_store.h"

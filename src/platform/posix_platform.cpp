@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "util/command_line.h"
-#include "util/process_spawn.h"
+#include "platform/command_line.h"
+#include "platform/process_spawn.h"
 #include "vglobal/platform.h"
 
 namespace vglobal {

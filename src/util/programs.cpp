@@ -1,15 +1,22 @@
 // Starting the suite's programs, manuals and installed versions (contract in
 // vglobal/util/programs.h). The splitting of command lines and the making of
-// processes live in command_line and process_spawn; the channel to a running
-// instance in instance_channel.
+// processes live in the platform (command_line, process_spawn); the channel to a
+// running instance in instance_channel.
+//
+// Sections: the handles of started programs; starting a command line; InvokeApp;
+// manuals; installed versions; the handle functions.
 #include "vglobal/util/programs.h"
 
+#include <cstdlib>
+#include <cstring>
+#include <mutex>
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
-#include "util/command_line.h"
-#include "util/process_spawn.h"
+#include "platform/command_line.h"
+#include "platform/process_spawn.h"
 #include "vglobal/compat/filestatus.h"
 #include "vglobal/compat/unicode.h"
 #include "vglobal/platform.h"
@@ -18,6 +25,34 @@
 #include "vglobal/util/instance_channel.h"
 
 namespace {
+
+using vglobal::process_spawn::ChildProcess;
+
+// The handles given out and not yet closed. Callers hold them as void*, so a stale
+// or foreign pointer is told apart here instead of being used.
+std::mutex& HandlesMutex() {
+  static auto* mutex = new std::mutex;  // may be used while statics are torn down
+  return *mutex;
+}
+std::unordered_set<ChildProcess*>& Handles() {
+  static auto* handles = new std::unordered_set<ChildProcess*>;
+  return *handles;
+}
+
+ChildProcess* Live(void* handle) {
+  if (!handle) return nullptr;
+  std::lock_guard lock(HandlesMutex());
+  auto found = Handles().find(static_cast<ChildProcess*>(handle));
+  return found == Handles().end() ? nullptr : *found;
+}
+
+void* ToHandle(std::unique_ptr<ChildProcess> process) {
+  if (!process) return nullptr;
+  std::lock_guard lock(HandlesMutex());
+  ChildProcess* handle = process.release();
+  Handles().insert(handle);
+  return handle;
+}
 
 constexpr unsigned int kCannotInvokeId = 5201;
 // The one program found through the system profile rather than the search path.
@@ -70,7 +105,7 @@ bool StartCommandLine(const std::wstring& line, int minimized, void** process) {
       vglobal::process_spawn::Spawn(resolved->executable, argv, minimized != 0);
   if (!started.process) return false;
   // Without a place for the handle it goes at once; the program is collected when it ends.
-  if (process) *process = vglobal::process_spawn::ToHandle(std::move(started.process));
+  if (process) *process = ToHandle(std::move(started.process));
   return true;
 }
 
@@ -171,3 +206,35 @@ int GetApplicationInfoFromInstalledVerionsInfo(unsigned int applicationId, unsig
   item.LoadString(itemId);
   return GetApplicationInfoFromInstalledVerionsInfo(application, item, value);
 }
+
+namespace vglobal {
+
+bool StartedMinimized() {
+  const char* value = std::getenv(kStartMinimizedVariable);
+  return value && std::strcmp(value, "1") == 0;
+}
+
+int ProcessId(void* process) {
+  ChildProcess* child = Live(process);
+  return child ? static_cast<int>(child->pid()) : 0;
+}
+
+ProcessWait WaitForProcess(void* process, bool block, int* exitCode) {
+  ChildProcess* child = Live(process);
+  return child ? child->Wait(block, exitCode) : ProcessWait::Unknown;
+}
+
+void CloseProcess(void* process) {
+  if (!process) return;
+  ChildProcess* child = nullptr;
+  {
+    std::lock_guard lock(HandlesMutex());
+    auto found = Handles().find(static_cast<ChildProcess*>(process));
+    if (found == Handles().end()) return;
+    child = *found;
+    Handles().erase(found);
+  }
+  delete child;
+}
+
+}  // namespace vglobal

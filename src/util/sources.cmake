@@ -13,6 +13,4 @@ target_sources(vglobal_core_obj PRIVATE
 # installed versions.
 target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/programs.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/command_line.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/process_spawn.cpp
   ${CMAKE_CURRENT_LIST_DIR}/instance_channel.cpp)

@@ -34,6 +34,7 @@
 
 #include "vglobal/compat/cstring.h"
 #include "vglobal/export.h"
+#include "vglobal/processes.h"
 
 // Starts the suite's program `programId` (a string id naming it) or hands the
 // arguments to its running instance. 1 on success. On failure to start, the text of
@@ -66,19 +67,10 @@ VGLOBAL_EXPORT int GetApplicationInfoFromInstalledVerionsInfo(unsigned int appli
 
 namespace vglobal {
 
-// The environment variable that carries the "start minimised" request, and its value.
-inline constexpr const char* kStartMinimizedVariable = "ARVENIS_START_MINIMIZED";
-
 // For a program of the suite: whether it was asked to start minimised.
 VGLOBAL_EXPORT bool StartedMinimized();
 
-// What WaitForProcess found out.
-enum class ProcessWait {
-  Exited,   // the program has ended; its exit code was stored
-  Running,  // it still runs (only when not blocking)
-  Unknown,  // not a live handle, or the process was collected by someone else (an
-            // application's own SIGCHLD handling), so how it ended cannot be told
-};
+// kStartMinimizedVariable and ProcessWait: vglobal/processes.h.
 
 // The process id of a handle from InvokeApp; 0 for anything that is not a live handle.
 VGLOBAL_EXPORT int ProcessId(void* process);

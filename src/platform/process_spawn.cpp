@@ -1,43 +1,19 @@
-// Starting programs and the handles of started programs (contract in
-// process_spawn.h and vglobal/util/programs.h).
-#include "util/process_spawn.h"
+// Starting programs and collecting them when they end (contract in process_spawn.h).
+#include "platform/process_spawn.h"
 
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 
 #include <cerrno>
-#include <cstdlib>
-#include <cstring>
-#include <mutex>
 #include <string_view>
 #include <system_error>
 #include <thread>
-#include <unordered_set>
 
 extern char** environ;
 
-namespace vglobal {
-namespace process_spawn {
+namespace vglobal::process_spawn {
 namespace {
-
-// The handles given out and not yet closed. Callers hold them as void*, so a stale
-// or foreign pointer is told apart here instead of being used.
-std::mutex& HandlesMutex() {
-  static auto* mutex = new std::mutex;  // may be used while statics are torn down
-  return *mutex;
-}
-std::unordered_set<ChildProcess*>& Handles() {
-  static auto* handles = new std::unordered_set<ChildProcess*>;
-  return *handles;
-}
-
-ChildProcess* Live(void* handle) {
-  if (!handle) return nullptr;
-  std::lock_guard lock(HandlesMutex());
-  auto found = Handles().find(static_cast<ChildProcess*>(handle));
-  return found == Handles().end() ? nullptr : *found;
-}
 
 pid_t WaitPid(pid_t pid, int* status, int options) {
   pid_t result;
@@ -139,42 +115,4 @@ Started Spawn(const std::string& executable, const std::vector<std::string>& arg
   return {std::make_unique<ChildProcess>(pid), 0};
 }
 
-void* ToHandle(std::unique_ptr<ChildProcess> process) {
-  if (!process) return nullptr;
-  std::lock_guard lock(HandlesMutex());
-  ChildProcess* handle = process.release();
-  Handles().insert(handle);
-  return handle;
-}
-
-}  // namespace process_spawn
-
-bool StartedMinimized() {
-  const char* value = std::getenv(kStartMinimizedVariable);
-  return value && std::strcmp(value, "1") == 0;
-}
-
-int ProcessId(void* process) {
-  process_spawn::ChildProcess* child = process_spawn::Live(process);
-  return child ? static_cast<int>(child->pid()) : 0;
-}
-
-ProcessWait WaitForProcess(void* process, bool block, int* exitCode) {
-  process_spawn::ChildProcess* child = process_spawn::Live(process);
-  return child ? child->Wait(block, exitCode) : ProcessWait::Unknown;
-}
-
-void CloseProcess(void* process) {
-  if (!process) return;
-  process_spawn::ChildProcess* child = nullptr;
-  {
-    std::lock_guard lock(process_spawn::HandlesMutex());
-    auto found = process_spawn::Handles().find(static_cast<process_spawn::ChildProcess*>(process));
-    if (found == process_spawn::Handles().end()) return;
-    child = *found;
-    process_spawn::Handles().erase(found);
-  }
-  delete child;
-}
-
-}  // namespace vglobal
+}  // namespace vglobal::process_spawn

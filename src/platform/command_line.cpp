@@ -1,6 +1,6 @@
 // Command lines: splitting into arguments and finding the program (rules in
 // command_line.h).
-#include "util/command_line.h"
+#include "platform/command_line.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,5 +1,5 @@
 // Command lines: the splitting rules, and which file is the program.
-#include "util/command_line.h"
+#include "platform/command_line.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

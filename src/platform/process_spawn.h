@@ -19,7 +19,7 @@
 #include <string>
 #include <vector>
 
-#include "vglobal/util/programs.h"
+#include "vglobal/processes.h"
 
 namespace vglobal::process_spawn {
 
@@ -52,8 +52,5 @@ struct Started {
 
 // Starts `executable` (a path) with `argv` (argv[0] first).
 Started Spawn(const std::string& executable, const std::vector<std::string>& argv, bool minimized);
-
-// Hands a started program to the public handle functions of programs.h, and back.
-void* ToHandle(std::unique_ptr<ChildProcess> process);
 
 }  // namespace vglobal::process_spawn
