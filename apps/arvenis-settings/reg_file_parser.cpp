@@ -35,22 +35,6 @@ struct DecodedFile {
   bool windows1252 = false;  // the bytes were not UTF-8: an old file from a workstation
 };
 
-// Windows code page 1252; the five bytes it leaves undefined map to the control
-// characters of the same number, as Windows maps them.
-std::wstring FromWindows1252(std::string_view text) {
-  static constexpr char16_t kHigh[32] = {
-      0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-      0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-      0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-  std::wstring out;
-  out.reserve(text.size());
-  for (const char ch : text) {
-    const auto b = static_cast<unsigned char>(ch);
-    out.push_back(static_cast<wchar_t>(b >= 0x80 && b < 0xA0 ? kHigh[b - 0x80] : b));
-  }
-  return out;
-}
-
 SourcePosition EndOf(std::wstring_view text) {
   SourcePosition at;
   for (const wchar_t c : text) {
@@ -62,15 +46,6 @@ SourcePosition EndOf(std::wstring_view text) {
     }
   }
   return at;
-}
-
-std::u16string Utf16LeUnits(std::string_view bytes) {
-  std::u16string units(bytes.size() / 2, u'\0');
-  for (std::size_t i = 0; i < units.size(); ++i) {
-    units[i] = static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i]) |
-                                     static_cast<unsigned char>(bytes[2 * i + 1]) << 8);
-  }
-  return units;
 }
 
 bool StartsWith(std::string_view text, std::string_view prefix) {
@@ -93,8 +68,9 @@ std::optional<DecodedFile> Decode(std::string_view bytes, ImportPlan& plan) {
   const bool bom = StartsWith(bytes, "\xFF\xFE");
   if (bom || (bytes.size() >= 2 && bytes[0] != '\0' && bytes[1] == '\0')) {
     const std::string_view body = bytes.substr(bom ? 2 : 0);
-    DecodedFile file{vglobal::Utf16ToWide(Utf16LeUnits(body))};
+    DecodedFile file{vglobal::Utf16LeToWide(body)};
     if (body.size() % 2 != 0) {
+      file.text.pop_back();  // the half unit: the error points at where it starts
       plan.Fail(EndOf(file.text), "the file ends in the middle of a UTF-16 character");
       return std::nullopt;
     }
@@ -103,7 +79,7 @@ std::optional<DecodedFile> Decode(std::string_view bytes, ImportPlan& plan) {
   const std::string_view body = bytes.substr(StartsWith(bytes, "\xEF\xBB\xBF") ? 3 : 0);
   const std::size_t bad = vglobal::FindInvalidUtf8(body, true);
   if (bad == std::string_view::npos) return DecodedFile{vglobal::Utf8ToWide(body)};
-  if (StartsWith(body, "REGEDIT4")) return DecodedFile{FromWindows1252(body), true};
+  if (StartsWith(body, "REGEDIT4")) return DecodedFile{vglobal::Windows1252ToWide(body), true};
   plan.Fail(PositionOfByte(body, bad),
             "expected UTF-8 text (or UTF-16LE with a byte-order mark); this byte is not part of "
             "a UTF-8 character");
@@ -405,10 +381,10 @@ class RegFileParser {
     const std::string_view raw(reinterpret_cast<const char*>(bytes.data()), bytes.size());
     switch (strings_) {
       case StringData::Utf16:
-        out = vglobal::Utf16ToWide(Utf16LeUnits(raw));
+        out = vglobal::Utf16LeToWide(raw);
         return true;
       case StringData::Windows1252:
-        out = FromWindows1252(raw);
+        out = vglobal::Windows1252ToWide(raw);
         return true;
       case StringData::Utf8:
         if (vglobal::FindInvalidUtf8(raw, true) != std::string_view::npos) {

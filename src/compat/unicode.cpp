@@ -1,5 +1,6 @@
-// Conversions between wide text (UTF-32 in wchar_t) and UTF-8 / UTF-16, and the
-// case folding used for names that compare without regard to case.
+// Conversions between wide text (UTF-32 in wchar_t) and UTF-8 / UTF-16, the
+// decoders of UTF-16LE bytes and legacy 8-bit text, and the case folding used for
+// names that compare without regard to case.
 #include "vglobal/compat/unicode.h"
 
 #include <locale.h>
@@ -155,6 +156,37 @@ std::wstring Utf16ToWide(std::u16string_view text) {
     out.push_back(static_cast<wchar_t>(c));
   }
   return out;
+}
+
+std::wstring Utf16LeToWide(std::string_view bytes) {
+  std::u16string units(bytes.size() / 2, u'\0');
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    units[i] = static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i]) |
+                                     static_cast<unsigned char>(bytes[2 * i + 1]) << 8);
+  }
+  std::wstring out = Utf16ToWide(units);
+  if (bytes.size() % 2 != 0) out.push_back(static_cast<wchar_t>(kReplacement));
+  return out;
+}
+
+std::wstring Windows1252ToWide(std::string_view bytes) {
+  // 0x80 to 0x9F; the undefined bytes keep their own number (see the header).
+  static constexpr char16_t kHigh[32] = {
+      0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+      0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+      0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+  std::wstring out;
+  out.reserve(bytes.size());
+  for (const char ch : bytes) {
+    const auto b = static_cast<unsigned char>(ch);
+    out.push_back(static_cast<wchar_t>(b >= 0x80 && b < 0xA0 ? kHigh[b - 0x80] : b));
+  }
+  return out;
+}
+
+std::wstring EightBitToWide(std::string_view bytes) {
+  if (FindInvalidUtf8(bytes) == std::string_view::npos) return Utf8ToWide(bytes);
+  return Windows1252ToWide(bytes);
 }
 
 wchar_t FoldCase(wchar_t ch) {

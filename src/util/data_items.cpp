@@ -68,39 +68,23 @@ CString Flag(std::uint8_t stored, UINT setText, UINT clearText) {
   return text;
 }
 
-// 8-bit text up to its first zero byte. Instruments wrote it in their platform's 8-bit
-// code page: text that is valid UTF-8 is read as UTF-8, anything else as Latin-1, which
-// maps every byte to a character and so never loses one.
+// 8-bit text up to its first zero byte, read as all legacy 8-bit text is: UTF-8 when
+// it is valid UTF-8, else code page 1252 (vglobal/compat/unicode.h).
 std::wstring EightBitText(const std::uint8_t* bytes, std::size_t size) {
   const std::uint8_t* end = std::find(bytes, bytes + size, std::uint8_t{0});
-  const std::string_view raw(reinterpret_cast<const char*>(bytes),
-                             static_cast<std::size_t>(end - bytes));
-  if (vglobal::FindInvalidUtf8(raw) == std::string_view::npos) return vglobal::Utf8ToWide(raw);
-  return std::wstring(bytes, end);
+  return vglobal::EightBitToWide(std::string_view(reinterpret_cast<const char*>(bytes),
+                                                  static_cast<std::size_t>(end - bytes)));
 }
 
-// UTF-16LE text held in `buffer`, up to its first zero unit.
-std::wstring Utf16Text(std::u16string buffer) {
-  buffer.resize(std::min(buffer.size(), buffer.find(u'\0')));
-  return vglobal::Utf16ToWide(buffer);
-}
-
-// The text form: the bytes are copied whole into a buffer of size / 2 units, so that
-// the text ends at the field's end at the latest.
+// UTF-16LE text up to its first zero unit, ending at the field's end at the latest; an
+// odd last byte is padding, not half a character. The text and the variant form read
+// alike: the variant form's buffer held one unit per byte plus the terminator, with the
+// bytes in its first half and zeros after them, so its text ends at the same place.
 std::wstring WideText(const std::uint8_t* bytes, std::size_t size) {
-  std::u16string buffer(size / 2, u'\0');
-  std::memcpy(buffer.data(), bytes, buffer.size() * 2);
-  return Utf16Text(std::move(buffer));
-}
-
-// The variant form sizes its buffer as the suite's programs always have: one unit per
-// byte plus the terminator at unit `size`. The bytes fill the first half; the units
-// after them are zero here (as is the terminator), so the text still ends at the
-// field's end at the latest.
-std::wstring WideVariantText(const std::uint8_t* bytes, std::size_t size) {
-  std::u16string buffer(size + 1, u'\0');
-  std::memcpy(buffer.data(), bytes, size / 2 * 2);
-  return Utf16Text(std::move(buffer));
+  std::wstring text =
+      vglobal::Utf16LeToWide(std::string_view(reinterpret_cast<const char*>(bytes), size / 2 * 2));
+  text.resize(std::min(text.size(), text.find(L'\0')));
+  return text;
 }
 
 // `bytes` holds the field's ItemSizeInBytes() bytes.
@@ -196,7 +180,7 @@ void FieldVariant(const CGenericDataItem& item, const std::uint8_t* bytes, VARIA
       break;
     case GDT_WCHAR_STRING:
       value.vt = VT_BSTR;
-      value.bstrVal = MakeBstr(WideVariantText(bytes, size));
+      value.bstrVal = MakeBstr(WideText(bytes, size));
       break;
     default:
       break;

@@ -196,12 +196,11 @@ bool HeaderAcceptable(std::uint32_t type, std::uint32_t length) {
 
 // The text of an arguments message; nullopt when it lacks its terminating zero.
 std::optional<std::wstring> DecodeArguments(const std::vector<unsigned char>& bytes) {
-  std::u16string text(bytes.size() / 2, u'\0');
-  for (std::size_t i = 0; i < text.size(); ++i)
-    text[i] = static_cast<char16_t>(bytes[2 * i] | bytes[2 * i + 1] << 8);
-  if (text.empty() || text.back() != u'\0') return std::nullopt;
-  text.resize(text.find(u'\0'));
-  return Utf16ToWide(text);
+  std::wstring text =
+      Utf16LeToWide(std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
+  if (text.empty() || text.back() != L'\0') return std::nullopt;
+  text.resize(text.find(L'\0'));
+  return text;
 }
 
 }  // namespace

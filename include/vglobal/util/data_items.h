@@ -7,8 +7,8 @@
 // "On"/"Off"; floating values (10, 11) with the field's precision, in scientific
 // notation when the field asks for it; 8-bit text (12) and UTF-16 text (13) up to
 // their first zero character. 8-bit text is taken as UTF-8 when its bytes are valid
-// UTF-8, else as Latin-1 (each byte one character), so that text written by either
-// kind of instrument software reads sensibly.
+// UTF-8, else as code page 1252 (each byte one character, see vglobal/compat/unicode.h),
+// so that text written by either kind of instrument software reads sensibly.
 //
 // Variant form: VT_EMPTY, VT_I1, VT_BOOL (2, 3, 4), VT_UI1, VT_I2, VT_UI2, VT_I4,
 // VT_UI4, VT_R4, VT_R8, VT_BSTR (12, 13), and VT_ERROR for unknown codes. A flag's
