@@ -1,16 +1,17 @@
 // printf-style formatting by the Windows wide-printf rules.
 //
-// Map of this file:
-//   1. Directive parsing: flags, width, precision, size prefix, conversion.
-//   2. Argument sources: captured typed arguments, or a C va_list.
-//   3. Rendering of one directive (numbers through snprintf in the classic locale,
+// Map of this file (directives are parsed by format_directive.h):
+//   1. Argument sources: captured typed arguments, or a C va_list.
+//   2. Rendering of one directive (numbers through snprintf in the classic locale,
 //      text and characters by hand).
-//   4. The driver loop.
+//   3. The driver loop.
 //
 // glibc's wide printf differs from the Windows one (%s means narrow there), so a
 // legacy format is never handed to the C library as a whole: each directive is
 // rendered on its own with a format we build ourselves.
 #include <locale.h>
+
+#include <algorithm>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
@@ -18,143 +19,21 @@
 #include <cwchar>
 #include <string>
 
+#include "compat/format_directive.h"
 #include "vglobal/compat/cstring.h"
 #include "vglobal/compat/unicode.h"
 
 namespace vglobal::fmt {
 namespace {
 
-// ---- 1. Directive parsing ----
-
-enum class Size { None, Char, Short, Long, LongLong, Ptr, LongDouble, Wide, Narrow };
-
-struct Directive {
-  std::string flags;
-  bool widthStar = false;
-  int width = -1;
-  bool precisionStar = false;
-  int precision = -1;
-  Size size = Size::None;
-  wchar_t conv = 0;
-};
-
-bool IsFlag(wchar_t c) {
-  return c == L'-' || c == L'+' || c == L' ' || c == L'#' || c == L'0';
-}
-
-int ReadNumber(const wchar_t*& p) {
-  long long v = 0;
-  while (*p >= L'0' && *p <= L'9') {
-    v = v * 10 + (*p - L'0');
-    if (v > 100000) v = 100000;  // absurd widths are clamped, not trusted
-    ++p;
-  }
-  return static_cast<int>(v);
-}
-
-// Parses the directive after '%'; returns false for an incomplete or unknown one.
-bool ParseDirective(const wchar_t*& p, Directive& d) {
-  while (IsFlag(*p)) d.flags.push_back(static_cast<char>(*p++));
-  if (*p == L'*') {
-    d.widthStar = true;
-    ++p;
-  } else if (*p >= L'0' && *p <= L'9') {
-    d.width = ReadNumber(p);
-  }
-  if (*p == L'.') {
-    ++p;
-    if (*p == L'*') {
-      d.precisionStar = true;
-      ++p;
-    } else {
-      d.precision = ReadNumber(p);
-    }
-  }
-  switch (*p) {
-    case L'h':
-      ++p;
-      if (*p == L'h') {
-        d.size = Size::Char;
-        ++p;
-      } else {
-        d.size = Size::Short;
-      }
-      break;
-    case L'l':
-      ++p;
-      if (*p == L'l') {
-        d.size = Size::LongLong;
-        ++p;
-      } else {
-        d.size = Size::Long;
-      }
-      break;
-    case L'L':
-      d.size = Size::LongDouble;
-      ++p;
-      break;
-    case L'w':
-      d.size = Size::Wide;
-      ++p;
-      break;
-    case L'j':
-    case L'z':
-    case L't':
-      d.size = Size::Ptr;
-      ++p;
-      break;
-    case L'I':
-      if (p[1] == L'6' && p[2] == L'4') {
-        d.size = Size::LongLong;
-        p += 3;
-      } else if (p[1] == L'3' && p[2] == L'2') {
-        d.size = Size::None;
-        p += 3;
-      } else {
-        d.size = Size::Ptr;
-        ++p;
-      }
-      break;
-    default:
-      break;
-  }
-  if (*p == 0) return false;
-  d.conv = *p++;
-  switch (d.conv) {
-    case L'd':
-    case L'i':
-    case L'u':
-    case L'o':
-    case L'x':
-    case L'X':
-    case L'e':
-    case L'E':
-    case L'f':
-    case L'F':
-    case L'g':
-    case L'G':
-    case L'a':
-    case L'A':
-    case L'c':
-    case L'C':
-    case L's':
-    case L'S':
-    case L'p':
-    case L'n':
-      return true;
-    default:
-      return false;
-  }
-}
-
-// ---- 2. Argument sources ----
+// ---- 1. Argument sources ----
 
 class Source {
  public:
   virtual ~Source() = default;
-  virtual bool Int(Size size, long long& out) = 0;
-  virtual bool UInt(Size size, unsigned long long& out) = 0;
-  virtual bool Float(Size size, long double& out) = 0;
+  virtual bool Int(Length length, long long& out) = 0;
+  virtual bool UInt(Length length, unsigned long long& out) = 0;
+  virtual bool Float(Length length, long double& out) = 0;
   virtual bool WideChar(wchar_t& out) = 0;
   virtual bool NarrowChar(char& out) = 0;
   // Text arguments: exactly one of wide/narrow is set (both may be null pointers).
@@ -166,7 +45,7 @@ class TypedSource : public Source {
  public:
   TypedSource(const Arg* args, std::size_t count) : args_(args), count_(count) {}
 
-  bool Int(Size, long long& out) override {
+  bool Int(Length, long long& out) override {
     const Arg* a = Next();
     if (!a) return false;
     switch (a->kind) {
@@ -186,13 +65,13 @@ class TypedSource : public Source {
         return false;
     }
   }
-  bool UInt(Size size, unsigned long long& out) override {
+  bool UInt(Length length, unsigned long long& out) override {
     long long v;
-    if (!Int(size, v)) return false;
+    if (!Int(length, v)) return false;
     out = static_cast<unsigned long long>(v);
     return true;
   }
-  bool Float(Size, long double& out) override {
+  bool Float(Length, long double& out) override {
     const Arg* a = Next();
     if (!a) return false;
     switch (a->kind) {
@@ -211,13 +90,13 @@ class TypedSource : public Source {
   }
   bool WideChar(wchar_t& out) override {
     long long v;
-    if (!Int(Size::None, v)) return false;
+    if (!Int(Length::None, v)) return false;
     out = static_cast<wchar_t>(v);
     return true;
   }
   bool NarrowChar(char& out) override {
     long long v;
-    if (!Int(Size::None, v)) return false;
+    if (!Int(Length::None, v)) return false;
     out = static_cast<char>(v);
     return true;
   }
@@ -289,15 +168,15 @@ class VaSource : public Source {
   explicit VaSource(va_list args) { va_copy(args_, args); }
   ~VaSource() override { va_end(args_); }
 
-  bool Int(Size size, long long& out) override {
-    switch (size) {
-      case Size::Long:
+  bool Int(Length length, long long& out) override {
+    switch (length) {
+      case Length::Long:
         out = va_arg(args_, long);
         break;
-      case Size::LongLong:
+      case Length::LongLong:
         out = va_arg(args_, long long);
         break;
-      case Size::Ptr:
+      case Length::Ptr:
         out = va_arg(args_, std::intptr_t);
         break;
       default:
@@ -306,15 +185,15 @@ class VaSource : public Source {
     }
     return true;
   }
-  bool UInt(Size size, unsigned long long& out) override {
-    switch (size) {
-      case Size::Long:
+  bool UInt(Length length, unsigned long long& out) override {
+    switch (length) {
+      case Length::Long:
         out = va_arg(args_, unsigned long);
         break;
-      case Size::LongLong:
+      case Length::LongLong:
         out = va_arg(args_, unsigned long long);
         break;
-      case Size::Ptr:
+      case Length::Ptr:
         out = va_arg(args_, std::uintptr_t);
         break;
       default:
@@ -323,8 +202,8 @@ class VaSource : public Source {
     }
     return true;
   }
-  bool Float(Size size, long double& out) override {
-    out = size == Size::LongDouble ? va_arg(args_, long double) : va_arg(args_, double);
+  bool Float(Length length, long double& out) override {
+    out = length == Length::LongDouble ? va_arg(args_, long double) : va_arg(args_, double);
     return true;
   }
   bool WideChar(wchar_t& out) override {
@@ -354,7 +233,7 @@ class VaSource : public Source {
   va_list args_;
 };
 
-// ---- 3. Rendering ----
+// ---- 2. Rendering ----
 
 locale_t ClassicLocale() {
   static locale_t loc = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(0));
@@ -362,34 +241,35 @@ locale_t ClassicLocale() {
 }
 
 // Runs snprintf in the classic locale, whatever the process or thread locale is.
-std::string CFormat(const std::string& spec, auto value) {
+std::string CFormat(const std::string& directive, auto value) {
   locale_t previous = uselocale(ClassicLocale());
   char small[128];
-  int n = std::snprintf(small, sizeof small, spec.c_str(), value);
+  int n = std::snprintf(small, sizeof small, directive.c_str(), value);
   std::string out;
   if (n >= 0 && static_cast<std::size_t>(n) < sizeof small) {
     out.assign(small, static_cast<std::size_t>(n));
   } else if (n >= 0) {
     out.resize(static_cast<std::size_t>(n) + 1);
-    std::snprintf(out.data(), out.size(), spec.c_str(), value);
+    std::snprintf(out.data(), out.size(), directive.c_str(), value);
     out.resize(static_cast<std::size_t>(n));
   }
   uselocale(previous);
   return out;
 }
 
-std::string NumberSpec(const Directive& d, int width, int precision, const char* length,
-                       char conv) {
-  std::string spec(1, '%');
-  spec += d.flags;
-  if (width >= 0) spec += std::to_string(width);
+// The narrow directive that renders a number of `d` with snprintf.
+std::string NumberDirective(const Directive& d, int width, int precision,
+                            const char* lengthModifier, char conversion) {
+  std::string directive(1, '%');
+  directive += d.flags;
+  if (width >= 0) directive += std::to_string(width);
   if (precision >= 0) {
-    spec.push_back('.');
-    spec += std::to_string(precision);
+    directive.push_back('.');
+    directive += std::to_string(precision);
   }
-  spec += length;
-  spec.push_back(conv);
-  return spec;
+  directive += lengthModifier;
+  directive.push_back(conversion);
+  return directive;
 }
 
 void Pad(std::wstring& out, std::wstring_view body, int width, bool left) {
@@ -411,33 +291,33 @@ void Render(const Directive& d, Source& src, std::wstring& out) {
   bool left = d.flags.find('-') != std::string::npos;
   if (d.widthStar) {
     long long w = 0;
-    if (!src.Int(Size::None, w)) return;
+    if (!src.Int(Length::None, w)) return;
     if (w < 0) {
       left = true;
-      w = -w;
+      w = w < -kMaxDirectiveNumber ? kMaxDirectiveNumber : -w;  // -LLONG_MIN would overflow
     }
-    width = static_cast<int>(w > 100000 ? 100000 : w);
+    width = static_cast<int>(std::min<long long>(w, kMaxDirectiveNumber));
   }
   if (d.precisionStar) {
     long long pr = 0;
-    if (!src.Int(Size::None, pr)) return;
-    precision = pr < 0 ? -1 : static_cast<int>(pr > 100000 ? 100000 : pr);
+    if (!src.Int(Length::None, pr)) return;
+    precision = pr < 0 ? -1 : static_cast<int>(std::min<long long>(pr, kMaxDirectiveNumber));
   }
   Directive eff = d;
   if (left && eff.flags.find('-') == std::string::npos) eff.flags.push_back('-');
 
-  switch (d.conv) {
+  switch (d.conversion) {
     case L'd':
     case L'i': {
       long long v;
-      if (!src.Int(d.size, v)) return;
-      if (d.size == Size::Short)
+      if (!src.Int(d.length, v)) return;
+      if (d.length == Length::Short)
         v = static_cast<short>(v);
-      else if (d.size == Size::Char)
+      else if (d.length == Length::Char)
         v = static_cast<signed char>(v);
-      else if (d.size == Size::None)
+      else if (d.length == Length::None)
         v = static_cast<int>(v);
-      AppendAscii(out, CFormat(NumberSpec(eff, width, precision, "ll", 'd'), v));
+      AppendAscii(out, CFormat(NumberDirective(eff, width, precision, "ll", 'd'), v));
       return;
     }
     case L'u':
@@ -445,15 +325,16 @@ void Render(const Directive& d, Source& src, std::wstring& out) {
     case L'x':
     case L'X': {
       unsigned long long v;
-      if (!src.UInt(d.size, v)) return;
-      if (d.size == Size::Short)
+      if (!src.UInt(d.length, v)) return;
+      if (d.length == Length::Short)
         v = static_cast<unsigned short>(v);
-      else if (d.size == Size::Char)
+      else if (d.length == Length::Char)
         v = static_cast<unsigned char>(v);
-      else if (d.size == Size::None)
+      else if (d.length == Length::None)
         v = static_cast<unsigned int>(v);
-      AppendAscii(out,
-                  CFormat(NumberSpec(eff, width, precision, "ll", static_cast<char>(d.conv)), v));
+      AppendAscii(out, CFormat(NumberDirective(eff, width, precision, "ll",
+                                               static_cast<char>(d.conversion)),
+                               v));
       return;
     }
     case L'e':
@@ -465,9 +346,10 @@ void Render(const Directive& d, Source& src, std::wstring& out) {
     case L'a':
     case L'A': {
       long double v;
-      if (!src.Float(d.size, v)) return;
-      AppendAscii(out,
-                  CFormat(NumberSpec(eff, width, precision, "L", static_cast<char>(d.conv)), v));
+      if (!src.Float(d.length, v)) return;
+      AppendAscii(
+          out,
+          CFormat(NumberDirective(eff, width, precision, "L", static_cast<char>(d.conversion)), v));
       return;
     }
     case L'p': {
@@ -485,7 +367,8 @@ void Render(const Directive& d, Source& src, std::wstring& out) {
     case L'C': {
       // In a wide format %c and %lc/%wc are wide; %C and %hc are narrow.
       bool narrow =
-          (d.conv == L'C' && d.size != Size::Long && d.size != Size::Wide) || d.size == Size::Short;
+          (d.conversion == L'C' && d.length != Length::Long && d.length != Length::Wide) ||
+          d.length == Length::Short;
       wchar_t ch;
       if (narrow) {
         char c;
@@ -501,7 +384,8 @@ void Render(const Directive& d, Source& src, std::wstring& out) {
     case L'S': {
       // In a wide format %s, %ls and %ws are wide; %S and %hs are narrow (UTF-8).
       bool narrow =
-          (d.conv == L'S' && d.size != Size::Long && d.size != Size::Wide) || d.size == Size::Short;
+          (d.conversion == L'S' && d.length != Length::Long && d.length != Length::Wide) ||
+          d.length == Length::Short;
       const wchar_t* w = nullptr;
       const char* n = nullptr;
       if (!src.Text(narrow, w, n)) return;
@@ -532,34 +416,27 @@ void Render(const Directive& d, Source& src, std::wstring& out) {
   }
 }
 
-// ---- 4. Driver ----
+// ---- 3. Driver ----
 
 std::wstring Run(const wchar_t* format, Source& src) {
   std::wstring out;
   if (!format) return out;
-  const wchar_t* p = format;
-  while (*p) {
-    if (*p != L'%') {
-      const wchar_t* start = p;
-      while (*p && *p != L'%') ++p;
-      out.append(start, static_cast<std::size_t>(p - start));
-      continue;
-    }
-    if (p[1] == L'%') {
+  const std::wstring_view text(format);
+  std::size_t pos = 0;
+  while (pos < text.size()) {
+    const std::size_t mark = text.find(L'%', pos);
+    out.append(text.substr(pos, mark - pos));
+    if (mark == std::wstring_view::npos) break;
+    if (mark + 1 < text.size() && text[mark + 1] == L'%') {
       out.push_back(L'%');
-      p += 2;
+      pos = mark + 2;
       continue;
     }
-    const wchar_t* start = p;
-    ++p;
+    pos = mark + 1;
     Directive d;
-    if (!ParseDirective(p, d)) {
-      // A malformed directive is kept as text.
-      if (*p == 0) {
-        out.append(start);
-        break;
-      }
-      out.append(start, static_cast<std::size_t>(p - start));
+    // A malformed directive is kept as text.
+    if (!ParseDirective(text, pos, d)) {
+      out.append(text.substr(mark, pos - mark));
       continue;
     }
     Render(d, src, out);

@@ -25,6 +25,7 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/file_dialog.cpp
   ${CMAKE_CURRENT_LIST_DIR}/filestatus.cpp
   ${CMAKE_CURRENT_LIST_DIR}/format.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/format_directive.cpp
   ${CMAKE_CURRENT_LIST_DIR}/frame_wnd.cpp
   ${CMAKE_CURRENT_LIST_DIR}/global_memory.cpp
   ${CMAKE_CURRENT_LIST_DIR}/image_list.cpp

@@ -1,13 +1,15 @@
 // Resource texts filled with arguments by the message-formatter rules (see
 // error_message.h).
 //
-// Each insert is rendered on its own: its printf conversion is checked against the
-// one captured argument it names, then handed to the library's wide-printf formatter
-// with that argument alone. A conversion can therefore never consume another
-// insert's argument or read past the list.
+// Each insert is rendered on its own: its printf conversion is read by the directive
+// parser that CString::Format uses, checked against the one captured argument it
+// names, then handed to the library's wide-printf formatter with that argument alone. A conversion
+// can therefore never consume another insert's argument or read past the list.
 #include "vglobal/util/error_message.h"
 
 #include <optional>
+
+#include "compat/format_directive.h"
 
 namespace vglobal {
 namespace {
@@ -23,24 +25,12 @@ bool IsDigit(wchar_t c) {
 // The kind of argument that `conversion` takes, when it is exactly one printf
 // conversion whose width and precision are written out.
 std::optional<Wants> ConversionOf(std::wstring_view conversion) {
-  std::size_t i = 0;
-  auto at = [&](std::size_t k) { return k < conversion.size() ? conversion[k] : L'\0'; };
-  while (std::wstring_view(L"-+ #0").find(at(i)) != std::wstring_view::npos) ++i;
-  while (IsDigit(at(i))) ++i;
-  if (at(i) == L'.') {
-    ++i;
-    while (IsDigit(at(i))) ++i;
-  }
-  // Size prefixes, longest first where one begins another.
-  for (std::wstring_view size :
-       {L"hh", L"h", L"ll", L"l", L"L", L"w", L"j", L"z", L"t", L"I64", L"I32", L"I"}) {
-    if (conversion.substr(i, size.size()) == size) {
-      i += size.size();
-      break;
-    }
-  }
-  if (i + 1 != conversion.size()) return std::nullopt;
-  switch (conversion[i]) {
+  fmt::Directive directive;
+  std::size_t end = 0;
+  if (!fmt::ParseDirective(conversion, end, directive) || end != conversion.size() ||
+      directive.widthStar || directive.precisionStar)
+    return std::nullopt;
+  switch (directive.conversion) {
     case L's':
     case L'S':
       return Wants::Text;
@@ -64,7 +54,7 @@ std::optional<Wants> ConversionOf(std::wstring_view conversion) {
       return Wants::Floating;
     case L'p':
       return Wants::Pointer;
-    default:
+    default:  // n: writing through an argument is never allowed
       return std::nullopt;
   }
 }
