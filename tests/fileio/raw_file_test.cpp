@@ -149,6 +149,42 @@ TEST_F(RawFile, EveryPartSurvivesSaveAndOpen) {
   EXPECT_EQ(read.GetVirtualData().StatusLog().EntryTime(1), 1.25f);
 }
 
+TEST_F(RawFile, AuditTextsAtTheLimitsAreKeptWholeAndLongerOnesRefused) {
+  const std::wstring path = Path("audited.raw");
+  CRawfile written(path.c_str(), 0);
+  CAuditData full;
+  full.WhoAuditedId(std::wstring(CAuditData::kMaxNameLength, L'\u00e9').c_str());
+  full.WhoAuditedLogon(std::wstring(CAuditData::kMaxNameLength, L'l').c_str());
+  full.Comment(std::wstring(CAuditData::kMaxCommentLength, L'\U0001F600').c_str());
+  ASSERT_EQ(written.GetAuditTrail().AddAudit(full), 0);
+  const CAuditTrail before = written.GetAuditTrail();
+
+  CAuditData longId = full, longLogon = full, longComment = full;
+  longId.WhoAuditedId(full.WhoAuditedId() + L"x");
+  longLogon.WhoAuditedLogon(full.WhoAuditedLogon() + L"x");
+  longComment.Comment(full.Comment() + L"x");
+  for (const CAuditData& refused : {longId, longLogon, longComment}) {
+    EXPECT_EQ(written.GetAuditTrail().AddAudit(refused), -1);
+    EXPECT_EQ(written.GetAuditTrail(), before);
+  }
+
+  ASSERT_TRUE(written.Save()) << Message(written);
+  CRawfile read(path.c_str(), 1);
+  ASSERT_FALSE(read.IsError()) << Message(read);
+  EXPECT_EQ(read.GetAuditTrail(), before);
+}
+
+TEST(AuditTrail, AddAuditPastTheMostRecordsIsRefused) {
+  CAuditTrail trail;
+  CAuditData audit;
+  audit.Time(CTime::FromNanoseconds(1));
+  for (int i = 0; i < CAuditTrail::kMaxAudits; ++i) ASSERT_EQ(trail.AddAudit(audit), i);
+  audit.Comment(L"one too many");
+  EXPECT_EQ(trail.AddAudit(audit), -1);
+  EXPECT_EQ(trail.NumAudits(), CAuditTrail::kMaxAudits);
+  EXPECT_EQ(trail.GetAudit(CAuditTrail::kMaxAudits - 1).Comment(), L"");
+}
+
 TEST_F(RawFile, SavesStampCreationThenModificationsAndCount) {
   const std::wstring path = Path("run.raw");
   const CString logon = vglobal::GetPlatform().LogonName();

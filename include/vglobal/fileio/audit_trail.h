@@ -21,7 +21,8 @@
 
 class VGLOBAL_EXPORT CAuditData {
  public:
-  // Longest texts a record holds (characters); longer texts are cut when stored.
+  // Longest texts a record of a trail holds (characters); CAuditTrail::AddAudit refuses
+  // a record with a longer one.
   static constexpr int kMaxNameLength = 256;
   static constexpr int kMaxCommentLength = 4096;
 
@@ -62,7 +63,9 @@ class VGLOBAL_EXPORT CAuditTrail {
   // The record at index (0 = oldest); an empty record when index is outside the trail.
   const CAuditData& GetAudit(int index) const;
   // Appends a copy of `audit`; a record without a time gets the current time.
-  // Returns the new record's index, or -1 when the trail is full.
+  // Returns the new record's index, or -1 with the trail unchanged when the trail is
+  // full or a name of the record is longer than kMaxNameLength or its comment longer
+  // than kMaxCommentLength: a trail keeps every word it is given, never a cut one.
   int AddAudit(const CAuditData& audit);
   void RemoveAll() { m_audits.clear(); }
 
