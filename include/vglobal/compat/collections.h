@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <unordered_map>
 #include <utility>
@@ -108,31 +110,108 @@ using CUIntArray = CArray<UINT, UINT>;
 using CWordArray = CArray<WORD, WORD>;
 using CByteArray = CArray<BYTE, BYTE>;
 
+namespace vglobal::detail {
+struct PositionToken;  // never defined: a POSITION is never dereferenced
+}
+
+// A place in the iteration of a collection; NULL when there is none. It is a token
+// that the collection decodes and checks, not the address of an element: a position
+// whose element was removed, one from before the collection was rebuilt, or one made
+// up by a caller is refused instead of reaching freed or foreign memory.
+using POSITION = vglobal::detail::PositionToken*;
+
 // Keys of a CMap are hashed by std::hash (CString hashes its text).
+//
+// Iteration, as legacy callers wrote it:
+//   POSITION pos = map.GetStartPosition();
+//   while (pos != NULL) map.GetNextAssoc(pos, key, value);
+// visits every association once, in an unspecified order. A position stays valid
+// while its own association is in the map: removing the association just visited
+// (the usual way to remove while iterating) or changing values keeps iteration going.
+// GetNextAssoc throws std::invalid_argument, changing nothing, for a NULL position,
+// one whose association was removed, and one made before RemoveAll or before adding
+// keys reorganised the map. A position this map did not make is never followed into
+// memory: it is refused, or at worst names one of this map's associations.
 template <typename KEY, typename ARG_KEY, typename VALUE, typename ARG_VALUE>
 class CMap : public CObject {
  public:
-  INT_PTR GetCount() const { return static_cast<INT_PTR>(m_.size()); }
+  INT_PTR GetCount() const { return static_cast<INT_PTR>(index_.size()); }
   INT_PTR GetSize() const { return GetCount(); }
-  bool IsEmpty() const { return m_.empty(); }
+  bool IsEmpty() const { return index_.empty(); }
   BOOL Lookup(ARG_KEY key, VALUE& value) const {
-    auto it = m_.find(KEY(key));
-    if (it == m_.end()) return FALSE;
-    value = it->second;
+    auto it = index_.find(KEY(key));
+    if (it == index_.end()) return FALSE;
+    value = slots_[it->second]->second;
     return TRUE;
   }
-  void SetAt(ARG_KEY key, ARG_VALUE value) { m_[KEY(key)] = value; }
-  VALUE& operator[](ARG_KEY key) { return m_[KEY(key)]; }
-  BOOL RemoveKey(ARG_KEY key) { return m_.erase(KEY(key)) ? TRUE : FALSE; }
-  void RemoveAll() { m_.clear(); }
+  void SetAt(ARG_KEY key, ARG_VALUE value) { (*this)[key] = value; }
+  VALUE& operator[](ARG_KEY key) {
+    KEY k(key);
+    if (auto it = index_.find(k); it != index_.end()) return slots_[it->second]->second;
+    if (removed_ > 0 && removed_ >= index_.size()) Compact();
+    slots_.emplace_back(std::in_place, k, VALUE());
+    index_.emplace(std::move(k), slots_.size() - 1);
+    return slots_.back()->second;
+  }
+  BOOL RemoveKey(ARG_KEY key) {
+    auto it = index_.find(KEY(key));
+    if (it == index_.end()) return FALSE;
+    // The slot stays as a gap, so that the positions of the others keep their meaning.
+    slots_[it->second].reset();
+    index_.erase(it);
+    ++removed_;
+    return TRUE;
+  }
+  void RemoveAll() {
+    slots_.clear();
+    index_.clear();
+    removed_ = 0;
+    ++generation_;
+  }
 
-  auto begin() { return m_.begin(); }
-  auto end() { return m_.end(); }
-  auto begin() const { return m_.begin(); }
-  auto end() const { return m_.end(); }
+  POSITION GetStartPosition() const { return PositionFrom(0); }
+  void GetNextAssoc(POSITION& pos, KEY& key, VALUE& value) const {
+    const std::size_t at = SlotOf(pos);
+    key = slots_[at]->first;
+    value = slots_[at]->second;
+    pos = PositionFrom(at + 1);
+  }
 
  private:
-  std::unordered_map<KEY, VALUE> m_;
+  // A position holds the slot's number + 1 in the low half of its bits and the map's
+  // generation in the high half; the generation changes whenever slots are renumbered.
+  static constexpr unsigned kSlotBits = sizeof(std::uintptr_t) * 4;
+  static constexpr std::uintptr_t kSlotMask = (std::uintptr_t{1} << kSlotBits) - 1;
+
+  POSITION PositionFrom(std::size_t first) const {
+    for (std::size_t i = first; i < slots_.size(); ++i) {
+      if (!slots_[i]) continue;
+      const std::uintptr_t token =
+          ((generation_ & kSlotMask) << kSlotBits) | ((std::uintptr_t{i} + 1) & kSlotMask);
+      return reinterpret_cast<POSITION>(token);
+    }
+    return nullptr;
+  }
+  std::size_t SlotOf(POSITION pos) const {
+    const auto token = reinterpret_cast<std::uintptr_t>(pos);
+    const std::uintptr_t slot = token & kSlotMask;
+    if (slot == 0 || token >> kSlotBits != (generation_ & kSlotMask) || slot > slots_.size() ||
+        !slots_[slot - 1])
+      throw std::invalid_argument("CMap::GetNextAssoc: not a position of this map's associations");
+    return static_cast<std::size_t>(slot - 1);
+  }
+  // Closes the gaps that removals left; every position made before is refused after.
+  void Compact() {
+    std::erase_if(slots_, [](const auto& slot) { return !slot.has_value(); });
+    for (std::size_t i = 0; i < slots_.size(); ++i) index_[slots_[i]->first] = i;
+    removed_ = 0;
+    ++generation_;
+  }
+
+  std::vector<std::optional<std::pair<KEY, VALUE>>> slots_;  // in the order added
+  std::unordered_map<KEY, std::size_t> index_;               // key -> its slot
+  std::size_t removed_ = 0;                                  // gaps in slots_
+  std::uintptr_t generation_ = 0;
 };
 
 template <>
