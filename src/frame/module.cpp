@@ -41,7 +41,7 @@ BOOL ProcessAttach() {
   WindowClass fontPreview;
   fontPreview.name = kFontPreviewClass;
   fontPreview.style = CS_GLOBALCLASS | CS_HREDRAW | CS_VREDRAW;
-  fontPreview.procedure = DefaultWindowProcedure;  // the font preview control installs its own
+  fontPreview.procedure = DefaultWindowProcedure;
   fontPreview.module = ModuleInstance();
   fontPreview.cursor = IDC_ARROW;
   fontPreview.background = WHITE_BRUSH;

@@ -1,5 +1,8 @@
-// The process's registry of window classes: a control that the Qt layer builds by
-// class name (the font preview) looks its class up here.
+// The process's registry of window classes. The library's start-up registers its
+// window class "CFontPreview" here (with DefaultWindowProcedure, as nothing handles
+// its windows' messages) and refuses to attach when it cannot; its shut-down removes
+// it. Classes are found by name, without regard to case, and belong to the module
+// that registered them.
 //
 // Registered on the user-interface thread (or by the library's constructor, before
 // any thread of the application runs); lookups are guarded all the same.
@@ -41,7 +44,7 @@ bool RegisterWindowClass(const WindowClass& windowClass);
 bool UnregisterWindowClass(const std::wstring& name, const void* module);
 std::optional<WindowClass> FindWindowClass(const std::wstring& name);
 
-// The procedure of a window class that has none of its own yet: handles nothing.
+// A window procedure that handles nothing and answers 0.
 LRESULT DefaultWindowProcedure(HWND, UINT, WPARAM, LPARAM);
 
 }  // namespace vglobal
