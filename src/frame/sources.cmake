@@ -1,14 +1,7 @@
-# Sources of this subsystem; each file here adds its own units.
-target_sources(vglobal_core_obj PRIVATE
-  ${CMAKE_CURRENT_LIST_DIR}/module.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/window_class.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/library_resources.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/help.cpp)
-target_sources(vglobal_core_obj PRIVATE
-  ${CMAKE_CURRENT_LIST_DIR}/under_construction_template.cpp)
-target_sources(vglobal_core_obj PRIVATE
-  ${CMAKE_CURRENT_LIST_DIR}/under_construction.cpp)
-# The library's bitmap resources: the PNG strips of resources/images compiled in
+# The library frame: attach and detach, the window-class registry, the library's
+# resources and bitmaps, the help launcher and the under-construction dialog.
+#
+# The library's bitmap resources are the PNG strips of resources/images compiled in
 # (ids as listed in resources/images/README.md).
 set(vglobal_library_bitmaps
   5812=${PROJECT_SOURCE_DIR}/resources/images/command_images_16x15.png
@@ -25,4 +18,12 @@ add_custom_command(
   DEPENDS ${vglobal_library_bitmap_files} ${PROJECT_SOURCE_DIR}/cmake/embed_bitmaps.cmake
   COMMENT "Embedding the library's image strips"
   VERBATIM)
-target_sources(vglobal_core_obj PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/library_bitmaps.cpp)
+
+target_sources(vglobal_core_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/help.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/library_resources.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/module.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/under_construction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/under_construction_template.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/window_class.cpp
+  ${CMAKE_CURRENT_BINARY_DIR}/library_bitmaps.cpp)

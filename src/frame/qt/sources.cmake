@@ -1,1 +1,0 @@
-# Sources of this subsystem; each file here adds its own units.
