@@ -4,7 +4,7 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/component_detection.cpp
   ${CMAKE_CURRENT_LIST_DIR}/component.cpp)
 target_sources(vglobal_core_obj PRIVATE
-  ${CMAKE_CURRENT_LIST_DIR}/qual_spec_enhance.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/qual_spectrum_enhance.cpp
   ${CMAKE_CURRENT_LIST_DIR}/qual_library_search.cpp
   ${CMAKE_CURRENT_LIST_DIR}/qual_constraints.cpp)
 target_sources(vglobal_core_obj PRIVATE

@@ -13,21 +13,30 @@
 
 #include "vglobal/export.h"
 #include "vglobal/fileio/field.h"
-#include "vglobal/fileio/record_defaults.h"
+
+// The fields of CReplicate, in record order: FIELD(type, name, starting value).
+#define VG_REPLICATE_FIELDS(FIELD)                                                  \
+  /* A replicate: nothing measured yet, used in the calibration, no result file. */ \
+  FIELD(double, Amount, 0.0)                                                        \
+  FIELD(double, Height, 0.0)                                                        \
+  FIELD(double, Area, 0.0)                                                          \
+  /* 1: this injection is left out of the calibration curve. */                     \
+  FIELD(int, ExcludeFromCalibration, 0)                                             \
+  FIELD(CString, ResultFileName, L"")
 
 class VGLOBAL_EXPORT CReplicate {
-  VG_FIELD(double, Amount, vglobal::record_defaults::kReplicateAmount)
-  VG_FIELD(double, Height, vglobal::record_defaults::kReplicateHeight)
-  VG_FIELD(double, Area, vglobal::record_defaults::kReplicateArea)
-  // 1: this injection is left out of the calibration curve.
-  VG_FIELD(int, ExcludeFromCalibration, vglobal::record_defaults::kReplicateExcludeFromCalibration)
-  VG_STRING_FIELD(ResultFileName, vglobal::record_defaults::kReplicateResultFileName)
+  VG_RECORD_FIELDS(CReplicate, VG_REPLICATE_FIELDS)
 };
 
+// The fields of CLevel, in record order: FIELD(type, name, starting value).
+#define VG_LEVEL_FIELDS(FIELD)                                                 \
+  /* A level: unnamed, amount 0, checked against a deviation of 20 percent. */ \
+  FIELD(CString, LevelName, L"")                                               \
+  FIELD(double, BaseAmount, 0.0)                                               \
+  FIELD(double, TestPercent, 20.0)
+
 class VGLOBAL_EXPORT CLevel {
-  VG_STRING_FIELD(LevelName, vglobal::record_defaults::kLevelName)
-  VG_FIELD(double, BaseAmount, vglobal::record_defaults::kLevelBaseAmount)
-  VG_FIELD(double, TestPercent, vglobal::record_defaults::kLevelTestPercent)
+  VG_RECORD_FIELDS(CLevel, VG_LEVEL_FIELDS)
 
  public:
   CLevel() = default;

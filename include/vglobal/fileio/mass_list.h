@@ -6,20 +6,28 @@
 
 #include "vglobal/export.h"
 #include "vglobal/fileio/field.h"
-#include "vglobal/fileio/record_defaults.h"
+
+// The fields of CMIPair, in record order: FIELD(type, name, starting value).
+#define VG_MIPAIR_FIELDS(FIELD)                                      \
+  /* Mass/intensity pairs and mass ranges start empty (all zero). */ \
+  FIELD(double, Mass, 0.0)                                           \
+  FIELD(double, Intensity, 0.0)
 
 class VGLOBAL_EXPORT CMIPair {
-  VG_FIELD(double, Mass, vglobal::record_defaults::kMIPairMass)
-  VG_FIELD(double, Intensity, vglobal::record_defaults::kMIPairIntensity)
+  VG_RECORD_FIELDS(CMIPair, VG_MIPAIR_FIELDS)
 
  public:
   CMIPair() = default;
   CMIPair(double mass, double intensity) : m_Mass(mass), m_Intensity(intensity) {}
 };
 
+// The fields of CMassRange, in record order: FIELD(type, name, starting value).
+#define VG_MASS_RANGE_FIELDS(FIELD) \
+  FIELD(double, LowMass, 0.0)       \
+  FIELD(double, HighMass, 0.0)
+
 class VGLOBAL_EXPORT CMassRange {
-  VG_FIELD(double, LowMass, vglobal::record_defaults::kMassRangeLowMass)
-  VG_FIELD(double, HighMass, vglobal::record_defaults::kMassRangeHighMass)
+  VG_RECORD_FIELDS(CMassRange, VG_MASS_RANGE_FIELDS)
 
  public:
   CMassRange() = default;

@@ -6,18 +6,24 @@
 
 #include "vglobal/export.h"
 #include "vglobal/fileio/field.h"
-#include "vglobal/fileio/record_defaults.h"
+
+// The fields of COptions, in record order: FIELD(type, name, starting value).
+#define VG_OPTIONS_FIELDS(FIELD)                                                         \
+  /* Void-time mode: 0, the user-entered VoidTimeValue is the void time; any other       \
+    value, the first mass-maximizing peak defines it. Method-wide options: the void time \
+    is entered by the user and starts at 0; a spectrum is searched for within the        \
+    component's retention-time window. 0: VoidTimeValue defines the void time */         \
+  FIELD(int, VoidTime, 0)                                                                \
+  FIELD(double, VoidTimeValue, 0.0)                                                      \
+  FIELD(double, SearchWindow, 30.0)                                                      \
+  FIELD(int, MinScansInBaseline, 5)                                                      \
+  /* A fraction (0 to 1); dialogs show it as a percentage. a fraction: shown as 10       \
+    percent */                                                                           \
+  FIELD(double, BaseNoiseLimit, 0.1)                                                     \
+  FIELD(int, BkgWidth, 5)                                                                \
+  FIELD(double, BaseNoiseRejectionFactor, 2.0)                                           \
+  FIELD(int, SpectrumOptions, 0)
 
 class VGLOBAL_EXPORT COptions {
-  // Void-time mode: 0, the user-entered VoidTimeValue is the void time; any other
-  // value, the first mass-maximizing peak defines it.
-  VG_FIELD(int, VoidTime, vglobal::record_defaults::kOptVoidTime)
-  VG_FIELD(double, VoidTimeValue, vglobal::record_defaults::kOptVoidTimeValue)
-  VG_FIELD(double, SearchWindow, vglobal::record_defaults::kOptSearchWindow)
-  VG_FIELD(int, MinScansInBaseline, vglobal::record_defaults::kOptMinScansInBaseline)
-  // A fraction (0 to 1); dialogs show it as a percentage.
-  VG_FIELD(double, BaseNoiseLimit, vglobal::record_defaults::kOptBaseNoiseLimit)
-  VG_FIELD(int, BkgWidth, vglobal::record_defaults::kOptBkgWidth)
-  VG_FIELD(double, BaseNoiseRejectionFactor, vglobal::record_defaults::kOptBaseNoiseRejectionFactor)
-  VG_FIELD(int, SpectrumOptions, vglobal::record_defaults::kOptSpectrumOptions)
+  VG_RECORD_FIELDS(COptions, VG_OPTIONS_FIELDS)
 };

@@ -7,7 +7,13 @@
 #include "vglobal/compat/types.h"
 #include "vglobal/export.h"
 #include "vglobal/fileio/field.h"
-#include "vglobal/fileio/record_defaults.h"
+
+// The fields of CPeakOptions, in record order: FIELD(type, name, starting value).
+#define VG_PEAK_OPTIONS_FIELDS(FIELD)                                               \
+  /* Peak labelling in chromatogram views: retention-time labels only, no widening. \
+    CPeakOptions::ShowRetentionTimeLabels */                                        \
+  FIELD(int, Flags, 1)                                                              \
+  FIELD(double, ExcessDisplayWidth, 0.0)
 
 class VGLOBAL_EXPORT CPeakOptions {
  public:
@@ -20,8 +26,7 @@ class VGLOBAL_EXPORT CPeakOptions {
     ShowPeakBaselines = 8,
   };
 
-  VG_FIELD(int, Flags, vglobal::record_defaults::kPeakOptionFlags)
-  VG_FIELD(double, ExcessDisplayWidth, vglobal::record_defaults::kPeakOptionExcessDisplayWidth)
+  VG_RECORD_FIELDS(CPeakOptions, VG_PEAK_OPTIONS_FIELDS)
 
  public:
   // True when every bit of `flag` is set.

@@ -1,7 +1,7 @@
 // The "Qual\Spectrum Enhancement" section: the spectrum-enhancement options of the
 // user's default method.
 #include "methoddefaults/section.h"
-#include "vglobal/fileio/spec_enhance.h"
+#include "vglobal/fileio/spectrum_enhance.h"
 #include "vglobal/methoddefaults/qual.h"
 
 namespace {
