@@ -1,16 +1,19 @@
 // The calibration fields of a quantitation component (CComponentIO): the component's
 // type, its calibration curve, its internal-standard amount, its calibration, QC and
-// surrogate levels with their replicates, the surrogate spike limits, and the
-// reference spectrum that the component kept under a named key carries (the retention
-// time the user entered, the mass list with its fit threshold, the mass ranges).
-// Starting values come from record_defaults.h ("Component: calibration, levels and
-// replicates"); every list starts empty.
+// surrogate levels with their replicates, the surrogate spike limits, and the reference
+// spectrum that the component kept under a named key carries (the retention time the
+// user entered, the mass list with its fit threshold, the mass ranges). Starting values
+// are the third column of the field list. A new component is a target compound on a
+// linear curve with equal weighting, built from peak areas, with no levels yet; an
+// internal standard's amount starts at 1 so that a ratio against it is defined;
+// surrogate spikes are accepted between 80 and 120 percent recovery; every list starts
+// empty.
 //
 // Lists: NumXxx() is the length; NumXxx(n) resizes (the first elements stay, new ones
 // are default records, a negative n empties the list: callers that take n from outside
 // bound it first, since the list is allocated at once); GetXxx(i) gives the element by
-// reference and throws std::out_of_range for an index outside the list; AddXxx appends
-// a copy and returns its index. Copy and assignment copy every list.
+// reference and throws std::out_of_range for an index outside the list; AddXxx appends a
+// copy and returns its index. Copy and assignment copy every list.
 #pragma once
 
 #include <cstddef>
@@ -24,39 +27,34 @@
 namespace vglobal {
 
 // The fields of ComponentCalibration, in record order: FIELD(type, name, starting value).
-#define VG_COMPONENT_CALIBRATION_FIELDS(FIELD)                                          \
-  /* ---- type and calibration curve ---- Component type index: 0 target compound, 1    \
-    internal standard, 4 surrogate; other values belong to kinds of component that keep \
-    no levels. A new component is a target compound on a linear curve with equal        \
-    weighting, built from peak areas, with no levels yet; an internal standard's amount \
-    starts at 1 so that a ratio against it is defined; surrogate spikes are accepted    \
-    between 80 and 120 percent recovery. target compound */                             \
-  FIELD(int, Type, 0)                                                                   \
-  FIELD(double, ISTDBaseAmount, 1.0)                                                    \
-  FIELD(CString, ISTDUnits, L"")                                                        \
-  /* linear */                                                                          \
-  FIELD(int, CurveIndex, 0)                                                             \
-  /* the origin is ignored */                                                           \
-  FIELD(int, OriginIndex, 0)                                                            \
-  /* equal weights */                                                                   \
-  FIELD(int, WeightingIndex, 0)                                                         \
-  /* area */                                                                            \
-  FIELD(int, ResponseIndex, 0)                                                          \
-  FIELD(CString, CalibrationUnits, L"")                                                 \
-  FIELD(CString, ReportUnits, L"")                                                      \
-  /* Cross-contributions between the target and its internal standard, in percent. */   \
-  FIELD(double, PercentISTDInTarget, 0.0)                                               \
-  FIELD(double, PercentTargetInISTD, 0.0)                                               \
-  /* ---- surrogate spike ---- */                                                       \
-  FIELD(double, SpikeAmount, 0.0)                                                       \
-  /* percent */                                                                         \
-  FIELD(double, SpikeUpperRecovery, 120.0)                                              \
-  /* percent */                                                                         \
-  FIELD(double, SpikeLowerRecovery, 80.0)                                               \
-  /* ---- reference spectrum ---- The retention time the user typed (0: none yet) and   \
-    the least spectral fit, as a fraction of a perfect match, that the reference mass   \
-    list must reach. */                                                                 \
-  FIELD(double, UserEnteredRT, 0.0)                                                     \
+#define VG_COMPONENT_CALIBRATION_FIELDS(FIELD)                                                   \
+  /* ---- type and calibration curve ---- Component type index: 0 target compound, 1 internal    \
+   * standard, 4 surrogate; other values belong to kinds of component that keep no levels. */    \
+  FIELD(int, Type, 0)                                                                            \
+  FIELD(double, ISTDBaseAmount, 1.0)                                                             \
+  FIELD(CString, ISTDUnits, L"")                                                                 \
+  /* linear */                                                                                   \
+  FIELD(int, CurveIndex, 0)                                                                      \
+  /* the origin is ignored */                                                                    \
+  FIELD(int, OriginIndex, 0)                                                                     \
+  /* equal weights */                                                                            \
+  FIELD(int, WeightingIndex, 0)                                                                  \
+  /* area */                                                                                     \
+  FIELD(int, ResponseIndex, 0)                                                                   \
+  FIELD(CString, CalibrationUnits, L"")                                                          \
+  FIELD(CString, ReportUnits, L"")                                                               \
+  /* Cross-contributions between the target and its internal standard, in percent. */            \
+  FIELD(double, PercentISTDInTarget, 0.0)                                                        \
+  FIELD(double, PercentTargetInISTD, 0.0)                                                        \
+  /* ---- surrogate spike ---- */                                                                \
+  FIELD(double, SpikeAmount, 0.0)                                                                \
+  /* percent */                                                                                  \
+  FIELD(double, SpikeUpperRecovery, 120.0)                                                       \
+  /* percent */                                                                                  \
+  FIELD(double, SpikeLowerRecovery, 80.0)                                                        \
+  /* ---- reference spectrum ---- The retention time the user typed (0: none yet) and the least  \
+   * spectral fit, as a fraction of a perfect match, that the reference mass list must reach. */ \
+  FIELD(double, UserEnteredRT, 0.0)                                                              \
   FIELD(double, FitThreshold, 0.8)
 
 class VGLOBAL_EXPORT ComponentCalibration {

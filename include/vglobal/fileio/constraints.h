@@ -1,11 +1,13 @@
 // The library-search constraints of a processing method (CConstraints): a molecular-
-// weight window, a name fragment, membership of nine reference databases, constraints
-// on the elements of a compound (each a CIndividualConstraint) and on the ions of its
-// spectrum (each a CIonConstraint). Every group has its switch; the record carries
-// every group whatever the switches say. The codes ElementsMethod, IonConstraintMethod,
-// Condition and Type are carried, not interpreted. Starting values come from
-// record_defaults.h ("Qualitative"); both lists start empty. Copy and assignment copy
-// every field, the lists included.
+// weight window, a name fragment, membership of nine reference databases, constraints on
+// the elements of a compound (each a CIndividualConstraint) and on the ions of its
+// spectrum (each a CIonConstraint). Every group has its switch; the record carries every
+// group whatever the switches say. The codes ElementsMethod, IonConstraintMethod,
+// Condition and Type are carried, not interpreted. Starting values are the third column
+// of the field list. A new method has every constraint switched off; the values behind
+// the switches are what the editor shows when a user turns one on: the whole molecular-
+// weight range up to 1000, ion abundances of 0 to 100 %; both lists start empty. Copy
+// and assignment copy every field, the lists included.
 #pragma once
 
 #include "vglobal/compat/collections.h"
@@ -60,23 +62,14 @@ class VGLOBAL_EXPORT CIonConstraint {
   FIELD(int, NameFragmentEnabled, 0)                                  \
   /* The database switches take effect only while DBEnabled is on. */ \
   FIELD(int, DBEnabled, 0)                                            \
-  /* each of the nine database switches */                            \
   FIELD(int, FineEnabled, 0)                                          \
-  /* each of the nine database switches */                            \
   FIELD(int, EPAEnabled, 0)                                           \
-  /* each of the nine database switches */                            \
   FIELD(int, NIHEnabled, 0)                                           \
-  /* each of the nine database switches */                            \
   FIELD(int, TSCAEnabled, 0)                                          \
-  /* each of the nine database switches */                            \
   FIELD(int, USPEnabled, 0)                                           \
-  /* each of the nine database switches */                            \
   FIELD(int, EINECSEnabled, 0)                                        \
-  /* each of the nine database switches */                            \
   FIELD(int, RTECSEnabled, 0)                                         \
-  /* each of the nine database switches */                            \
   FIELD(int, HODOCEnabled, 0)                                         \
-  /* each of the nine database switches */                            \
   FIELD(int, IREnabled, 0)                                            \
   FIELD(int, ElementConstraintsEnabled, 0)                            \
   FIELD(int, ElementsMethod, 0)                                       \

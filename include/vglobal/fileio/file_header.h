@@ -23,16 +23,15 @@
 #include "vglobal/fileio/field.h"
 
 // The fields of CHeader, in record order: FIELD(type, name, starting value).
-#define VG_HEADER_FIELDS(FIELD)                                                         \
-  FIELD(WORD, FileType, kSuiteFileType)                                                 \
-  FIELD(CTime, CreationDate, CTime())                                                   \
-  FIELD(CTime, ModificationDate, CTime())                                               \
-  /* How many times the file was saved after the save that created it (16-bit, stops at \
-    65535). */                                                                          \
-  FIELD(WORD, NumTimesSaved, 0)                                                         \
-  FIELD(CString, WhoCreatedId, L"")                                                     \
-  FIELD(CString, WhoCreatedLogon, L"")                                                  \
-  FIELD(CString, WhoChangedId, L"")                                                     \
+#define VG_HEADER_FIELDS(FIELD)                                                                    \
+  FIELD(WORD, FileType, kSuiteFileType)                                                            \
+  FIELD(CTime, CreationDate, CTime())                                                              \
+  FIELD(CTime, ModificationDate, CTime())                                                          \
+  /* How many times the file was saved after the save that created it (16-bit, stops at 65535). */ \
+  FIELD(WORD, NumTimesSaved, 0)                                                                    \
+  FIELD(CString, WhoCreatedId, L"")                                                                \
+  FIELD(CString, WhoCreatedLogon, L"")                                                             \
+  FIELD(CString, WhoChangedId, L"")                                                                \
   FIELD(CString, WhoChangedLogon, L"")
 
 class VGLOBAL_EXPORT CHeader {

@@ -1,11 +1,13 @@
-// Calibration levels of a quantitation component (CLevel) and the measured replicates
-// of a level (CReplicate).
+// Calibration levels of a quantitation component (CLevel) and the measured replicates of
+// a level (CReplicate).
 //
 // A level is one known amount of the compound (its base amount) with a name and the
 // percentage by which a measured amount may deviate from it; its replicates are the
 // injections measured at that amount. Both records copy every field, replicates
-// included. Starting values come from record_defaults.h ("Component: calibration,
-// levels and replicates").
+// included. Starting values are the third column of the field list. A new component is a
+// target compound on a linear curve with equal weighting, built from peak areas, with no
+// levels yet; an internal standard's amount starts at 1 so that a ratio against it is
+// defined; surrogate spikes are accepted between 80 and 120 percent recovery.
 #pragma once
 
 #include <cstddef>

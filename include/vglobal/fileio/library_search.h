@@ -1,9 +1,10 @@
 // The library-search options of a processing method (CLibrarySearchOptions): the kind of
 // search (0 identity, 1 similarity) with the mode of each, the molecular-weight and
 // reverse searches, an optional user library with its match thresholds, the mass-defect
-// correction, and the list of libraries searched, in search order. Starting values come
-// from record_defaults.h ("Qualitative"); the search list starts empty. Copy and
-// assignment copy every field, the search list included.
+// correction, and the list of libraries searched, in search order. Starting values are
+// the third column of the field list. A new method searches the library by identity,
+// keeping 10 hits; the search list starts empty. Copy and assignment copy every field,
+// the search list included.
 #pragma once
 
 #include "vglobal/compat/collections.h"

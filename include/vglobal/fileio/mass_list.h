@@ -1,7 +1,10 @@
 // The reference mass list of a quantitation component (CMIPair: one mass with its
-// relative intensity) and its mass ranges (CMassRange: a low and a high mass), in
-// mass-to-charge units. Starting values come from record_defaults.h ("Component:
-// calibration, levels and replicates").
+// relative intensity) and its mass ranges (CMassRange: a low and a high mass), in mass-
+// to-charge units. Starting values are the third column of the field list. A new
+// component is a target compound on a linear curve with equal weighting, built from peak
+// areas, with no levels yet; an internal standard's amount starts at 1 so that a ratio
+// against it is defined; surrogate spikes are accepted between 80 and 120 percent
+// recovery.
 #pragma once
 
 #include "vglobal/export.h"

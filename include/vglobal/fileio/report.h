@@ -1,30 +1,25 @@
 // The rows of a processing method's three output lists: sample reports (CReport),
-// summary reports (CSummaryReport) and post-processing programs (CProgram). The
-// switches Stds, QCs, Unknowns and Other name the sample types (standards, quality
-// controls, unknowns, other samples) for which a report is printed or a program run.
-// The codes SaveAsType, Sync and Action are carried, not interpreted. Starting values
-// come from record_defaults.h ("Reports"). Copy and assignment copy every field.
+// summary reports (CSummaryReport) and post-processing programs (CProgram). The switches
+// Stds, QCs, Unknowns and Other name the sample types (standards, quality controls,
+// unknowns, other samples) for which a report is printed or a program run. The codes
+// SaveAsType, Sync and Action are carried, not interpreted. Starting values are the
+// third column of the field list. A row is added to a list to be used: it starts enabled
+// and applies to every sample type (standards, QCs, unknowns, other). Save-as, action
+// and sync codes start at 0, the first choice of each. Copy and assignment copy every
+// field.
 #pragma once
 
 #include "vglobal/export.h"
 #include "vglobal/fileio/field.h"
 
 // The fields of CReport, in record order: FIELD(type, name, starting value).
-#define VG_REPORT_FIELDS(FIELD)                                                         \
-  /* A row is added to a list to be used: it starts enabled and applies to every sample \
-    type (standards, QCs, unknowns, other). Save-as, action and sync codes start at 0,  \
-    the first choice of each. */                                                        \
-  FIELD(int, Enabled, 1)                                                                \
-  /* Stds, QCs, Unknowns, Other */                                                      \
-  FIELD(int, Stds, 1)                                                                   \
-  /* Stds, QCs, Unknowns, Other */                                                      \
-  FIELD(int, QCs, 1)                                                                    \
-  /* Stds, QCs, Unknowns, Other */                                                      \
-  FIELD(int, Unknowns, 1)                                                               \
-  /* Stds, QCs, Unknowns, Other */                                                      \
-  FIELD(int, Other, 1)                                                                  \
-  FIELD(int, SaveAsType, 0)                                                             \
-  /* report names, program name, parameters */                                          \
+#define VG_REPORT_FIELDS(FIELD) \
+  FIELD(int, Enabled, 1)        \
+  FIELD(int, Stds, 1)           \
+  FIELD(int, QCs, 1)            \
+  FIELD(int, Unknowns, 1)       \
+  FIELD(int, Other, 1)          \
+  FIELD(int, SaveAsType, 0)     \
   FIELD(CString, Name, L"")
 
 class VGLOBAL_EXPORT CReport {
@@ -38,13 +33,9 @@ class VGLOBAL_EXPORT CReport {
 };
 
 // The fields of CSummaryReport, in record order: FIELD(type, name, starting value).
-#define VG_SUMMARY_REPORT_FIELDS(FIELD)                                                 \
-  /* A row is added to a list to be used: it starts enabled and applies to every sample \
-    type (standards, QCs, unknowns, other). Save-as, action and sync codes start at 0,  \
-    the first choice of each. */                                                        \
-  FIELD(int, Enabled, 1)                                                                \
-  FIELD(int, SaveAsType, 0)                                                             \
-  /* report names, program name, parameters */                                          \
+#define VG_SUMMARY_REPORT_FIELDS(FIELD) \
+  FIELD(int, Enabled, 1)                \
+  FIELD(int, SaveAsType, 0)             \
   FIELD(CString, Name, L"")
 
 class VGLOBAL_EXPORT CSummaryReport {
@@ -58,24 +49,15 @@ class VGLOBAL_EXPORT CSummaryReport {
 };
 
 // The fields of CProgram, in record order: FIELD(type, name, starting value).
-#define VG_PROGRAM_FIELDS(FIELD)                                                        \
-  /* A row is added to a list to be used: it starts enabled and applies to every sample \
-    type (standards, QCs, unknowns, other). Save-as, action and sync codes start at 0,  \
-    the first choice of each. */                                                        \
-  FIELD(int, Enabled, 1)                                                                \
-  /* Stds, QCs, Unknowns, Other */                                                      \
-  FIELD(int, Stds, 1)                                                                   \
-  /* Stds, QCs, Unknowns, Other */                                                      \
-  FIELD(int, QCs, 1)                                                                    \
-  /* Stds, QCs, Unknowns, Other */                                                      \
-  FIELD(int, Unknowns, 1)                                                               \
-  /* Stds, QCs, Unknowns, Other */                                                      \
-  FIELD(int, Other, 1)                                                                  \
-  FIELD(int, Sync, 0)                                                                   \
-  FIELD(int, Action, 0)                                                                 \
-  /* report names, program name, parameters */                                          \
-  FIELD(CString, ProgramName, L"")                                                      \
-  /* report names, program name, parameters */                                          \
+#define VG_PROGRAM_FIELDS(FIELD)   \
+  FIELD(int, Enabled, 1)           \
+  FIELD(int, Stds, 1)              \
+  FIELD(int, QCs, 1)               \
+  FIELD(int, Unknowns, 1)          \
+  FIELD(int, Other, 1)             \
+  FIELD(int, Sync, 0)              \
+  FIELD(int, Action, 0)            \
+  FIELD(CString, ProgramName, L"") \
   FIELD(CString, Parameters, L"")
 
 class VGLOBAL_EXPORT CProgram {
