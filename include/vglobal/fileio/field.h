@@ -3,9 +3,7 @@
 // A record lists its fields in one macro, FIELD(type, name, starting value) a field, in
 // record order, and hands the list to VG_RECORD_FIELDS inside its class:
 //
-//   #define VG_OPTIONS_FIELDS(FIELD) \
-//     FIELD(int, VoidTime, 0)        \
-//     FIELD(double, VoidTimeValue, 0.0)
+//   #define VG_OPTIONS_FIELDS(FIELD) FIELD(int, VoidTime, 0) FIELD(double, VoidTimeValue, 0.0)
 //
 //   class COptions {
 //     VG_RECORD_FIELDS(COptions, VG_OPTIONS_FIELDS)
