@@ -38,31 +38,6 @@ bool TracksAReference(const CComponentIO& c) {
   return c.UseAsRTReference() == 0;
 }
 
-constexpr std::array kWrite{
-    S::Int(L"DetectorType",
-           [](const CComponentIO& c) { return static_cast<int>(c.DetectorType()); }),
-    S::Double(
-        L"DetectorDelay", [](const CComponentIO& c) { return c.DetectorDelay(); },
-        [](const CComponentIO& c) { return !OnMassSpectrometer(c); }),
-    S::String(
-        L"Filter", [](const CComponentIO& c) { return c.Filter().GetFilterString(-1, -1, 2); },
-        OnMassSpectrometer),
-    S::Int(L"Trace1Type", TraceTypeOfDetector),
-    // The second trace and its operator are not part of a default: always none.
-    S::Int(L"TraceOperator", [](const CComponentIO&) { return 0; }),
-    S::Int(L"Trace2Type", [](const CComponentIO&) { return 0; }),
-    S::String(L"Keys", [](const CComponentIO& c) { return c.Keys(); }),
-    S::Double(L"RTSearchWindow", [](const CComponentIO& c) { return c.RTSearchWindow(); }),
-    S::Double(L"DisplayWindowWidth", [](const CComponentIO& c) { return c.DisplayWindowWidth(); }),
-    // A component that is itself a reference does not follow another one.
-    S::Int(
-        L"AdjustExpectedRT", [](const CComponentIO& c) { return c.AdjustExpectedRT(); },
-        TracksAReference),
-    S::String(
-        L"RTReference", [](const CComponentIO& c) { return c.RTReference(); },
-        [](const CComponentIO& c) { return TracksAReference(c) && c.AdjustExpectedRT() != 0; }),
-};
-
 // The filter is reset, never read: a stored filter belongs to the method it was saved
 // from, and a new component starts from the empty filter (the parse of the empty
 // text, as the legacy reader made it).
@@ -71,32 +46,43 @@ void ResetFilter(CComponentIO& c) {
   c.Filter(parser.ParseFilterStructString(L"", -1) ? parser.ToCFilter() : CFilter());
 }
 
-constexpr std::array kRead{
-    S::ReadInt(L"DetectorType",
-               [](CComponentIO& c, int v) { c.DetectorType(static_cast<VirtualDeviceType>(v)); }),
-    S::ReadDouble(L"DetectorDelay", [](CComponentIO& c, double v) { c.DetectorDelay(v); }),
+using F = vglobal::ComponentIdentification::Fields;
+
+constexpr auto kIdentification = std::to_array<S::Entry>({
+    S::Value<&F::DetectorType>(),
+    S::Value<&F::DetectorDelay>([](const CComponentIO& c) { return !OnMassSpectrometer(c); }),
+    // Written for the mass spectrometer, reset rather than read.
+    S::String(
+        L"Filter", [](const CComponentIO& c) { return c.Filter().GetFilterString(-1, -1, 2); },
+        OnMassSpectrometer),
     S::Do(ResetFilter),
-    // Taken as stored: the writer's detector mapping is not reversed.
+    // Written from the detector, read as stored: the mapping is not reversed.
+    S::Int(L"Trace1Type", TraceTypeOfDetector),
     S::ReadInt(L"Trace1Type", [](CComponentIO& c, int v) { c.Trace1Type(v); }),
+    // The second trace and its operator are not part of a default: written as none,
+    // read as stored.
+    S::Int(L"TraceOperator", [](const CComponentIO&) { return 0; }),
+    S::Int(L"Trace2Type", [](const CComponentIO&) { return 0; }),
     S::ReadInt(L"Trace2Type", [](CComponentIO& c, int v) { c.Trace2Type(v); }),
     S::ReadInt(L"TraceOperator", [](CComponentIO& c, int v) { c.TraceOperator(v); }),
-    S::ReadString(L"Keys", [](CComponentIO& c, const CString& v) { c.Keys(v); }),
-    S::ReadDouble(L"RTSearchWindow", [](CComponentIO& c, double v) { c.RTSearchWindow(v); }),
-    S::ReadDouble(L"DisplayWindowWidth",
-                  [](CComponentIO& c, double v) { c.DisplayWindowWidth(v); }),
-    S::ReadInt(L"AdjustExpectedRT", [](CComponentIO& c, int v) { c.AdjustExpectedRT(v); }),
-    S::ReadString(L"RTReference", [](CComponentIO& c, const CString& v) { c.RTReference(v); }),
-};
+    S::Value<&F::Keys>(),
+    S::Value<&F::RTSearchWindow>(),
+    S::Value<&F::DisplayWindowWidth>(),
+    // A component that is itself a reference does not follow another one.
+    S::Value<&F::AdjustExpectedRT>(TracksAReference),
+    S::Value<&F::RTReference>(
+        [](const CComponentIO& c) { return TracksAReference(c) && c.AdjustExpectedRT() != 0; }),
+});
 
 }  // namespace
 
 void WriteIdentificationInfo(CComponentIO* component) {
   const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
-  WriteValues<CComponentIO>(kIdentificationPath, *component, kWrite);
+  WriteValues<CComponentIO>(kIdentificationPath, *component, kIdentification);
 }
 
 int ReadIdentificationInfo(CComponentIO* component) {
   if (!component) return 0;
-  return ReadValues<CComponentIO>(kIdentificationPath, *component, kRead);
+  return ReadValues<CComponentIO>(kIdentificationPath, *component, kIdentification);
 }
