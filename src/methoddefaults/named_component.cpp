@@ -12,6 +12,7 @@
 #include <memory>
 #include <span>
 
+#include "methoddefaults/kiva_entries.h"
 #include "methoddefaults/level_io.h"
 #include "methoddefaults/section.h"
 #include "vglobal/fileio/component.h"
@@ -56,42 +57,32 @@ int AcceptPeakDetectionIndex(CComponentIO& c, int v) {
   return 1;
 }
 
-// The identification values; the Kiva values here leave out KivaRMS, so they are not
-// the group the Detection page stores.
-constexpr auto kIdentification = std::to_array<S::Entry>({
-    // Written, not read back: see kNewComponentName.
-    S::String(L"Name", [](const CComponentIO& c) { return c.ComponentName(); }),
-    S::Do([](CComponentIO& c) { c.ComponentName(kNewComponentName); }),
-    S::Value<&CF::UserEnteredRT>(),
-    S::Value<&IF::RTSearchWindow>(),
-    S::Value<&IF::UseAsRTReference>(),
-    S::Value<&IF::AdjustExpectedRT>(),
-    S::Value<&IF::RTReference>(),
-    // Written as held; read refused from 3 up (the field keeps its value, the read is
-    // incomplete), a negative index taken as stored.
-    S::Int(L"PeakDetectionIndex", [](const CComponentIO& c) { return c.PeakDetectionIndex(); }),
-    S::ReadCheckedInt(L"PeakDetectionIndex", AcceptPeakDetectionIndex),
-    S::Value<&IF::SNThreshold>(),
-    S::Value<&CF::FitThreshold>(),
-    S::Value<&IF::SmoothingPoints>(),
-    S::Value<&IF::ValleyDetection>(),
-    S::Value<&IF::ConstrainPeak>(),
-    S::Value<&IF::PeakHeightPercentage>(),
-    S::Value<&IF::TailingFactor>(),
-    // Written here; read with the mass list, before this table.
-    S::Int(L"NumMIPairs", [](const CComponentIO& c) { return c.NumMIPairs(); }),
-    S::Value<&IF::BaselineWindow>(),
-    S::Value<&IF::PeakNoiseFactor>(),
-    S::Value<&IF::MultipletResolution>(),
-    S::Value<&IF::KivaMinPeakWidth>(),
-    S::Value<&IF::AreaScanWindow>(),
-    S::Value<&IF::AreaNoiseFactor>(),
-    S::Value<&IF::AreaTailExtension>(),
-    S::Value<&IF::KivaNoiseType>(),
-    S::Value<&IF::KivaConstrainPeak>(),
-    S::Value<&IF::KivaPeakHeightPercentage>(),
-    S::Value<&IF::KivaTailingFactor>(),
-});
+// The identification values, then the Kiva values without KivaRMS.
+constexpr auto kIdentification = vglobal::methoddefaults::Join(
+    std::to_array<S::Entry>({
+        // Written, not read back: see kNewComponentName.
+        S::String(L"Name", [](const CComponentIO& c) { return c.ComponentName(); }),
+        S::Do([](CComponentIO& c) { c.ComponentName(kNewComponentName); }),
+        S::Value<&CF::UserEnteredRT>(),
+        S::Value<&IF::RTSearchWindow>(),
+        S::Value<&IF::UseAsRTReference>(),
+        S::Value<&IF::AdjustExpectedRT>(),
+        S::Value<&IF::RTReference>(),
+        // Written as held; read refused from 3 up (the field keeps its value, the read is
+        // incomplete), a negative index taken as stored.
+        S::Int(L"PeakDetectionIndex", [](const CComponentIO& c) { return c.PeakDetectionIndex(); }),
+        S::ReadCheckedInt(L"PeakDetectionIndex", AcceptPeakDetectionIndex),
+        S::Value<&IF::SNThreshold>(),
+        S::Value<&CF::FitThreshold>(),
+        S::Value<&IF::SmoothingPoints>(),
+        S::Value<&IF::ValleyDetection>(),
+        S::Value<&IF::ConstrainPeak>(),
+        S::Value<&IF::PeakHeightPercentage>(),
+        S::Value<&IF::TailingFactor>(),
+        // Written here; read with the mass list, before this table.
+        S::Int(L"NumMIPairs", [](const CComponentIO& c) { return c.NumMIPairs(); }),
+    }),
+    vglobal::methoddefaults::KivaEntriesWithoutRMS<CComponentIO, IF>());
 
 // The calibration values; the levels are written after them and read between the
 // level counts and the cross contributions, which read nothing of the levels.
