@@ -51,7 +51,7 @@ constexpr std::array<Entry<Record>, 11> KivaEntriesWithoutRMS() {
 template <typename Record, typename Fields>
 constexpr std::array<Entry<Record>, 12> KivaEntries() {
   const std::array rms{Section<Record>::template Value<&Fields::KivaRMS>()};
-  return Join(Join(KivaNoiseEntries<Record, Fields>(), rms), KivaShapeEntries<Record, Fields>());
+  return Join(KivaNoiseEntries<Record, Fields>(), rms, KivaShapeEntries<Record, Fields>());
 }
 
 }  // namespace vglobal::methoddefaults

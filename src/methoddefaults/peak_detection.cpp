@@ -12,6 +12,7 @@
 
 #include "methoddefaults/kiva_entries.h"
 #include "methoddefaults/section.h"
+#include "methoddefaults/trace_entries.h"
 
 namespace {
 
@@ -20,27 +21,8 @@ using vglobal::methoddefaults::WriteValues;
 using S = vglobal::methoddefaults::Section<CPeakDetection>;
 using R = CPeakDetection;
 
-// The first trace's type code as the processing method expects it for a detector;
-// the record's own Trace1Type plays no part in what is stored.
-int Trace1TypeForDetector(int detector) {
-  switch (detector) {
-    case VIRTUAL_DEVICE_ANALOG:
-      return 11;
-    case VIRTUAL_DEVICE_PDA:
-      return 41;
-    case VIRTUAL_DEVICE_UV:
-    case VIRTUAL_DEVICE_AD_CARD:
-      return 22;
-    default:  // the mass spectrometer and any other detector
-      return 1;
-  }
-}
-
-bool IsMassSpectrometer(const R& r) {
-  return r.DetectorType() == VIRTUAL_DEVICE_MS;
-}
 bool HasTraceDelay(const R& r) {
-  return !IsMassSpectrometer(r);
+  return !vglobal::methoddefaults::OnMassSpectrometer(r);
 }
 bool ValleyDetectionOn(const R& r) {
   return r.ValleyDetection() != 0;
@@ -53,13 +35,6 @@ bool LimitPeakOn(const R& r) {
 }
 bool RelPeakOn(const R& r) {
   return r.RelPeakEnabled() != 0;
-}
-
-// Every read leaves the empty scan filter: the filter is what the parser makes of the
-// empty text, whatever "Filter" holds.
-void ResetFilter(R& r) {
-  CVC_FilterStruct parser(9, 2, 2);
-  r.Filter(parser.ParseFilterStructString(L"", -1) ? parser.ToCFilter() : CFilter());
 }
 
 using F = CPeakDetection::Fields;
@@ -76,20 +51,9 @@ constexpr auto kIdentification = vglobal::methoddefaults::Join(
                      r.Algorithm(GetArvenisDefaultPeakDetectionTypeForDevice(detector));
                    }),
         S::Value<&F::TraceDelay>(HasTraceDelay),
-        // Written for the mass spectrometer, reset rather than read.
-        S::String(
-            L"Filter", [](const R& r) { return r.Filter().GetFilterString(-1, -1, 2); },
-            IsMassSpectrometer),
-        S::Do(ResetFilter),
-        // Written from the detector, read as stored.
-        S::Int(L"Trace1Type", [](const R& r) { return Trace1TypeForDetector(r.DetectorType()); }),
-        S::ReadInt(L"Trace1Type", [](R& r, int v) { r.Trace1Type(v); }),
-        // A method's chromatogram is a single trace: no operator, no second trace
-        // written; both read as stored.
-        S::Int(L"TraceOperator", [](const R&) { return 0; }),
-        S::Int(L"Trace2Type", [](const R&) { return 0; }),
-        S::ReadInt(L"Trace2Type", [](R& r, int v) { r.Trace2Type(v); }),
-        S::ReadInt(L"TraceOperator", [](R& r, int v) { r.TraceOperator(v); }),
+    }),
+    vglobal::methoddefaults::TraceEntries<R>(),
+    std::to_array<S::Entry>({
         S::Value<&F::SmoothingPoints>(),
         S::Value<&F::BaseSNR>(),
         S::Value<&F::ValleyDetection>(),

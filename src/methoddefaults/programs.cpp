@@ -9,21 +9,19 @@ namespace {
 
 using R = CProgram;
 using S = vglobal::methoddefaults::Section<R>;
-
 using F = R::Fields;
+using vglobal::methoddefaults::Join;
+using vglobal::methoddefaults::SampleTypeEntries;
 
 // "Sync" and the parameters come after the program name in the stored row.
-constexpr auto kRow = std::to_array<S::Entry>({
-    S::Value<&F::Enabled>(),
-    S::Value<&F::Stds>(),
-    S::Value<&F::QCs>(),
-    S::Value<&F::Unknowns>(),
-    S::Value<&F::Other>(),
+constexpr auto kProgramValues = std::to_array<S::Entry>({
     S::Value<&F::Action>(),
     S::Value<&F::ProgramName>(),
     S::Value<&F::Sync>(),
     S::Value<&F::Parameters>(),
 });
+
+constexpr auto kRow = Join(SampleTypeEntries<R>(), kProgramValues);
 
 const vglobal::methoddefaults::RowSection<R> kSection = {
     .path = L"Processing Setup\\Defaults\\Programs",

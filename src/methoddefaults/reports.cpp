@@ -10,18 +10,17 @@ namespace {
 
 using R = CReport;
 using S = vglobal::methoddefaults::Section<R>;
-
 using F = R::Fields;
+using vglobal::methoddefaults::Join;
+using vglobal::methoddefaults::SampleTypeEntries;
 
-constexpr auto kRow = std::to_array<S::Entry>({
-    S::Value<&F::Enabled>(),
-    S::Value<&F::Stds>(),
-    S::Value<&F::QCs>(),
-    S::Value<&F::Unknowns>(),
-    S::Value<&F::Other>(),
+// After the sample types: how the report is saved, and its name.
+constexpr auto kReportValues = std::to_array<S::Entry>({
     S::Value<&F::SaveAsType>(),
     S::Value<&F::Name>(),
 });
+
+constexpr auto kRow = Join(SampleTypeEntries<R>(), kReportValues);
 
 const vglobal::methoddefaults::RowSection<R> kSection = {
     .path = L"Processing Setup\\Defaults\\Reports",

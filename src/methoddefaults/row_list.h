@@ -4,6 +4,7 @@
 // method's list it belongs to; the functions here move rows the same way for all three.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <span>
 
@@ -24,6 +25,19 @@ struct RowSection {
 };
 
 inline constexpr const wchar_t* kRowKey = L"Row %d";
+
+// The switch and the sample types a row applies to (standards, QCs, unknowns, other),
+// which a report row and a program row both store first, under the fields' names.
+template <typename Row>
+constexpr std::array<Entry<Row>, 5> SampleTypeEntries() {
+  using S = Section<Row>;
+  using F = typename Row::Fields;
+  return {
+      S::template Value<&F::Enabled>(), S::template Value<&F::Stds>(),
+      S::template Value<&F::QCs>(),     S::template Value<&F::Unknowns>(),
+      S::template Value<&F::Other>(),
+  };
+}
 
 template <typename Row>
 void WriteRow(const RowSection<Row>& section, const Row& row, int index) {

@@ -191,17 +191,21 @@ struct Section {
   }
 };
 
-// One table from two, in order: a section whose run of entries is a group that another
-// section stores alike (the Kiva integrator's values) joins its own entries to the
-// group's.
-template <typename Record, std::size_t N, std::size_t M>
-constexpr std::array<Entry<Record>, N + M> Join(const std::array<Entry<Record>, N>& first,
-                                                const std::array<Entry<Record>, M>& second) {
-  return [&]<std::size_t... I, std::size_t... J>(std::index_sequence<I...>,
-                                                 std::index_sequence<J...>) {
+// One table from several, in order: a section whose runs of entries include a group
+// that other sections store alike (the Kiva integrator's values, the traces) joins its
+// own runs and the group's.
+template <typename Record, std::size_t N, std::size_t M, typename... Rest>
+constexpr auto Join(const std::array<Entry<Record>, N>& first,
+                    const std::array<Entry<Record>, M>& second, const Rest&... rest) {
+  const auto joined = [&]<std::size_t... I, std::size_t... J>(std::index_sequence<I...>,
+                                                              std::index_sequence<J...>) {
     return std::array<Entry<Record>, N + M>{first[I]..., second[J]...};
   }
   (std::make_index_sequence<N>(), std::make_index_sequence<M>());
+  if constexpr (sizeof...(Rest) == 0)
+    return joined;
+  else
+    return Join(joined, rest...);
 }
 
 // Truncation toward zero of a stored double, or nullopt when no int can hold it.
