@@ -11,9 +11,11 @@
 
 namespace {
 
+using S = vglobal::methoddefaults::Section<CComponentIO>;
+using vglobal::methoddefaults::Join;
+using vglobal::methoddefaults::KivaEntries;
 using vglobal::methoddefaults::ReadValues;
 using vglobal::methoddefaults::WriteValues;
-using S = vglobal::methoddefaults::Section<CComponentIO>;
 
 constexpr const wchar_t* kDetectionPath = L"Processing Setup\\Defaults\\Quan\\Detection";
 
@@ -26,20 +28,21 @@ bool ConstrainPeakOn(const CComponentIO& c) {
   return c.ConstrainPeak() != 0;
 }
 
-// Steps 1 to 4: the short form, and the start of the full form.
-constexpr auto kPeakFinding =
-    vglobal::methoddefaults::Join(std::to_array<S::Entry>({
-                                      S::Value<&F::SmoothingPoints>(),
-                                      S::Value<&F::BaseSNR>(),
-                                      S::Value<&F::ValleyDetection>(),
-                                      S::Value<&F::ExpectedPeakWidth>(ValleyDetectionOn),
-                                      S::Value<&F::ConstrainPeak>(),
-                                      S::Value<&F::PeakHeightPercentage>(ConstrainPeakOn),
-                                      S::Value<&F::TailingFactor>(ConstrainPeakOn),
-                                      S::Value<&F::PeakDetectionIndex>(),
-                                      S::Value<&F::SNThreshold>(),
-                                  }),
-                                  vglobal::methoddefaults::KivaEntries<CComponentIO, F>());
+// Steps 1 to 4: the short form, and the start of the full form: the peak's shape and
+// the algorithm, then the Kiva values.
+constexpr auto kPeakShape = std::to_array<S::Entry>({
+    S::Value<&F::SmoothingPoints>(),
+    S::Value<&F::BaseSNR>(),
+    S::Value<&F::ValleyDetection>(),
+    S::Value<&F::ExpectedPeakWidth>(ValleyDetectionOn),
+    S::Value<&F::ConstrainPeak>(),
+    S::Value<&F::PeakHeightPercentage>(ConstrainPeakOn),
+    S::Value<&F::TailingFactor>(ConstrainPeakOn),
+    S::Value<&F::PeakDetectionIndex>(),
+    S::Value<&F::SNThreshold>(),
+});
+
+constexpr auto kPeakFinding = Join(kPeakShape, KivaEntries<CComponentIO, F>());
 
 // Step 5, full form only: the first algorithm confirms by spectral match thresholds;
 // the others confirm on the mass spectrometer by qualifier-ion ratios.

@@ -9,9 +9,12 @@
 
 namespace {
 
-using vglobal::methoddefaults::ReadValues;
-using vglobal::methoddefaults::WriteValues;
 using S = vglobal::methoddefaults::Section<CComponentIO>;
+using vglobal::methoddefaults::Join;
+using vglobal::methoddefaults::OnMassSpectrometer;
+using vglobal::methoddefaults::ReadValues;
+using vglobal::methoddefaults::TraceEntries;
+using vglobal::methoddefaults::WriteValues;
 
 constexpr const wchar_t* kIdentificationPath = L"Processing Setup\\Defaults\\Quan\\Identification";
 
@@ -21,13 +24,12 @@ bool TracksAReference(const CComponentIO& c) {
 
 using F = vglobal::ComponentIdentification::Fields;
 
-constexpr auto kIdentification = vglobal::methoddefaults::Join(
+constexpr auto kIdentification = Join(
     std::to_array<S::Entry>({
         S::Value<&F::DetectorType>(),
-        S::Value<&F::DetectorDelay>(
-            [](const CComponentIO& c) { return !vglobal::methoddefaults::OnMassSpectrometer(c); }),
+        S::Value<&F::DetectorDelay>([](const CComponentIO& c) { return !OnMassSpectrometer(c); }),
     }),
-    vglobal::methoddefaults::TraceEntries<CComponentIO>(),
+    TraceEntries<CComponentIO>(),
     std::to_array<S::Entry>({
         S::Value<&F::Keys>(),
         S::Value<&F::RTSearchWindow>(),

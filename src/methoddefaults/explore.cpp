@@ -14,6 +14,7 @@
 
 namespace {
 
+using vglobal::methoddefaults::KivaEntriesWithoutRMS;
 using vglobal::methoddefaults::ReadValues;
 using vglobal::methoddefaults::WriteValues;
 
@@ -66,7 +67,7 @@ constexpr auto kOptions = std::to_array<O::Entry>({
     O::Value<&OF::BaseNoiseRejectionFactor>(),
 });
 
-constexpr auto kKiva = vglobal::methoddefaults::KivaEntriesWithoutRMS<CPeakDetection, DF>();
+constexpr auto kKiva = KivaEntriesWithoutRMS<CPeakDetection, DF>();
 
 }  // namespace
 

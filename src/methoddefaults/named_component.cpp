@@ -19,11 +19,13 @@
 
 namespace {
 
+using S = vglobal::methoddefaults::Section<CComponentIO>;
 using vglobal::methoddefaults::ElementKeyName;
+using vglobal::methoddefaults::Join;
+using vglobal::methoddefaults::KivaEntriesWithoutRMS;
 using vglobal::methoddefaults::ReadListCount;
 using vglobal::methoddefaults::ReadValues;
 using vglobal::methoddefaults::WriteValues;
-using S = vglobal::methoddefaults::Section<CComponentIO>;
 
 constexpr const wchar_t* kMassListKey = L"MassList";
 constexpr const wchar_t* kMassListElement = L"MassList[%d]";
@@ -58,7 +60,7 @@ int AcceptPeakDetectionIndex(CComponentIO& c, int v) {
 }
 
 // The identification values, then the Kiva values without KivaRMS.
-constexpr auto kIdentification = vglobal::methoddefaults::Join(
+constexpr auto kIdentification = Join(
     std::to_array<S::Entry>({
         // Written, not read back: see kNewComponentName.
         S::String(L"Name", [](const CComponentIO& c) { return c.ComponentName(); }),
@@ -82,7 +84,7 @@ constexpr auto kIdentification = vglobal::methoddefaults::Join(
         // Written here; read with the mass list, before this table.
         S::Int(L"NumMIPairs", [](const CComponentIO& c) { return c.NumMIPairs(); }),
     }),
-    vglobal::methoddefaults::KivaEntriesWithoutRMS<CComponentIO, IF>());
+    KivaEntriesWithoutRMS<CComponentIO, IF>());
 
 // The calibration values; the levels are written after them and read between the
 // level counts and the cross contributions, which read nothing of the levels.

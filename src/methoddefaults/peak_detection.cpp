@@ -16,13 +16,17 @@
 
 namespace {
 
-using vglobal::methoddefaults::ReadValues;
-using vglobal::methoddefaults::WriteValues;
-using S = vglobal::methoddefaults::Section<CPeakDetection>;
 using R = CPeakDetection;
+using S = vglobal::methoddefaults::Section<CPeakDetection>;
+using vglobal::methoddefaults::Join;
+using vglobal::methoddefaults::KivaEntries;
+using vglobal::methoddefaults::OnMassSpectrometer;
+using vglobal::methoddefaults::ReadValues;
+using vglobal::methoddefaults::TraceEntries;
+using vglobal::methoddefaults::WriteValues;
 
 bool HasTraceDelay(const R& r) {
-  return !vglobal::methoddefaults::OnMassSpectrometer(r);
+  return !OnMassSpectrometer(r);
 }
 bool ValleyDetectionOn(const R& r) {
   return r.ValleyDetection() != 0;
@@ -39,35 +43,37 @@ bool RelPeakOn(const R& r) {
 
 using F = CPeakDetection::Fields;
 
-constexpr auto kIdentification = vglobal::methoddefaults::Join(
-    std::to_array<S::Entry>({
-        // Written as held; reading it is the one place the algorithm is chosen: by the
-        // stored detector.
-        S::Int(L"DetectorType", [](const R& r) { return r.DetectorType(); }),
-        S::ReadInt(L"DetectorType",
-                   [](R& r, int v) {
-                     const auto detector = static_cast<VirtualDeviceType>(v);
-                     r.DetectorType(detector);
-                     r.Algorithm(GetArvenisDefaultPeakDetectionTypeForDevice(detector));
-                   }),
-        S::Value<&F::TraceDelay>(HasTraceDelay),
-    }),
-    vglobal::methoddefaults::TraceEntries<R>(),
-    std::to_array<S::Entry>({
-        S::Value<&F::SmoothingPoints>(),
-        S::Value<&F::BaseSNR>(),
-        S::Value<&F::ValleyDetection>(),
-        S::Value<&F::PeakWidth>(L"ExpectedPeakWidth", ValleyDetectionOn),
-        S::Value<&F::ConstrainPeak>(),
-        S::Value<&F::PeakHeightPercentage>(ConstrainPeakOn),
-        S::Value<&F::TailingFactor>(ConstrainPeakOn),
-        S::Value<&F::LimitPeakEnabled>(),
-        S::Value<&F::LimitPeakMethod>(LimitPeakOn),
-        S::Value<&F::PeaksNumber>(LimitPeakOn),
-        S::Value<&F::RelPeakEnabled>(),
-        S::Value<&F::PercentLargestPeak>(RelPeakOn),
-    }),
-    vglobal::methoddefaults::KivaEntries<R, F>());
+constexpr auto kDetector = std::to_array<S::Entry>({
+    // Written as held; reading it is the one place the algorithm is chosen: by the
+    // stored detector.
+    S::Int(L"DetectorType", [](const R& r) { return r.DetectorType(); }),
+    S::ReadInt(L"DetectorType",
+               [](R& r, int v) {
+                 const auto detector = static_cast<VirtualDeviceType>(v);
+                 r.DetectorType(detector);
+                 r.Algorithm(GetArvenisDefaultPeakDetectionTypeForDevice(detector));
+               }),
+    S::Value<&F::TraceDelay>(HasTraceDelay),
+});
+
+// After the traces: the peak's shape, the limits on the peaks reported, then the Kiva
+// values.
+constexpr auto kPeaks = std::to_array<S::Entry>({
+    S::Value<&F::SmoothingPoints>(),
+    S::Value<&F::BaseSNR>(),
+    S::Value<&F::ValleyDetection>(),
+    S::Value<&F::PeakWidth>(L"ExpectedPeakWidth", ValleyDetectionOn),
+    S::Value<&F::ConstrainPeak>(),
+    S::Value<&F::PeakHeightPercentage>(ConstrainPeakOn),
+    S::Value<&F::TailingFactor>(ConstrainPeakOn),
+    S::Value<&F::LimitPeakEnabled>(),
+    S::Value<&F::LimitPeakMethod>(LimitPeakOn),
+    S::Value<&F::PeaksNumber>(LimitPeakOn),
+    S::Value<&F::RelPeakEnabled>(),
+    S::Value<&F::PercentLargestPeak>(RelPeakOn),
+});
+
+constexpr auto kIdentification = Join(kDetector, TraceEntries<R>(), kPeaks, KivaEntries<R, F>());
 
 constexpr auto kAdvChromatogram = std::to_array<S::Entry>({
     S::Value<&F::PercentMassesFound>(),
