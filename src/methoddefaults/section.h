@@ -10,7 +10,7 @@
 // every table.
 //
 // Map of this file:
-//   1. Entries: WriteEntry / ReadEntry / Entry and the factories that build them
+//   1. Entries: WriteEntry / ReadEntry / Entry, the factories that build them, Join
 //   2. Running a table: WriteValues / ReadValues, on an open key or a path
 //   3. Lists: the count value and the numbered sub-keys
 //
@@ -19,12 +19,15 @@
 // value they looked for was present.
 #pragma once
 
+#include <array>
 #include <climits>
 #include <cmath>
+#include <cstddef>
 #include <exception>
 #include <optional>
 #include <span>
 #include <type_traits>
+#include <utility>
 
 #include "vglobal/compat/cstring.h"
 #include "vglobal/fileio/field.h"
@@ -112,15 +115,19 @@ struct Section {
     using T = typename decltype(descriptor())::Value;
     if (!name) name = descriptor().wideName;
     if constexpr (std::is_same_v<T, CString>) {
-      return {String(name, [](const Record& r) { return descriptor().get(r); }, when),
+      return {String(
+                  name, [](const Record& r) { return descriptor().get(r); }, when),
               ReadString(name, [](Record& r, const CString& v) { descriptor().set(r, v); })};
     } else if constexpr (std::is_floating_point_v<T>) {
-      return {Double(name, [](const Record& r) { return descriptor().get(r); }, when),
+      return {Double(
+                  name, [](const Record& r) { return descriptor().get(r); }, when),
               ReadDouble(name, [](Record& r, double v) { descriptor().set(r, v); })};
     } else {
       static_assert(std::is_integral_v<T> || std::is_enum_v<T>, "no stored form for this type");
-      return {Int(name, [](const Record& r) { return static_cast<int>(descriptor().get(r)); }, when),
-              ReadInt(name, [](Record& r, int v) { descriptor().set(r, static_cast<T>(v)); })};
+      return {
+          Int(
+              name, [](const Record& r) { return static_cast<int>(descriptor().get(r)); }, when),
+          ReadInt(name, [](Record& r, int v) { descriptor().set(r, static_cast<T>(v)); })};
     }
   }
   template <auto descriptor>
@@ -132,7 +139,8 @@ struct Section {
   template <auto descriptor>
   static constexpr Entry WholeValue(When when = nullptr) {
     const wchar_t* name = descriptor().wideName;
-    return {Int(name, [](const Record& r) { return TruncateForStore(descriptor().get(r)); }, when),
+    return {Int(
+                name, [](const Record& r) { return TruncateForStore(descriptor().get(r)); }, when),
             ReadInt(name, [](Record& r, int v) { descriptor().set(r, v); })};
   }
 
@@ -182,6 +190,23 @@ struct Section {
     return {nullptr, Read::Kind::Action, nullptr, nullptr, nullptr, action, nullptr, nullptr};
   }
 };
+
+// One table from several, in order: a section whose runs of entries include a group
+// that other sections store alike (the Kiva integrator's values, the traces) joins its
+// own runs and the group's.
+template <typename Record, std::size_t N, std::size_t M, typename... Rest>
+constexpr auto Join(const std::array<Entry<Record>, N>& first,
+                    const std::array<Entry<Record>, M>& second, const Rest&... rest) {
+  const auto joined = [&]<std::size_t... I, std::size_t... J>(std::index_sequence<I...>,
+                                                              std::index_sequence<J...>) {
+    return std::array<Entry<Record>, N + M>{first[I]..., second[J]...};
+  }
+  (std::make_index_sequence<N>(), std::make_index_sequence<M>());
+  if constexpr (sizeof...(Rest) == 0)
+    return joined;
+  else
+    return Join(joined, rest...);
+}
 
 // Truncation toward zero of a stored double, or nullopt when no int can hold it.
 inline std::optional<int> TruncateToInt(double value) {
@@ -237,8 +262,7 @@ void WriteValues(CVRegKey& key, const Record& record, std::span<const Entry<Reco
 
 // Opens `path` below the current user's root for writing, then writes the entries.
 template <typename Record>
-void WriteValues(const wchar_t* path, const Record& record,
-                 std::span<const Entry<Record>> table) {
+void WriteValues(const wchar_t* path, const Record& record, std::span<const Entry<Record>> table) {
   CVRegKey key(HKEY_CURRENT_USER, path, 1, 1);
   WriteValues(key, record, table);
 }
