@@ -25,5 +25,5 @@
 #include "vglobal/fileio/raw_file.h"
 #include "vglobal/fileio/report.h"
 #include "vglobal/fileio/sequence.h"
-#include "vglobal/fileio/spec_enhance.h"
+#include "vglobal/fileio/spectrum_enhance.h"
 #include "vglobal/fileio/virtual_device.h"

@@ -6,7 +6,7 @@
 #include <cwchar>
 
 CIndividualConstraint::CIndividualConstraint() {
-  Element(vglobal::record_defaults::kIndConstraintElement);
+  Element(L"");
 }
 
 int CIndividualConstraint::Element(const wchar_t* symbol) {

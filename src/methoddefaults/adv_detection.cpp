@@ -1,47 +1,48 @@
 // The Quan Advanced Detection Options key: three detection values of the default
-// component and the method-wide background width. The component reader takes the three
-// component values back; ReadOptionsDefaultInfo takes "BkgWidth".
+// component, then the method-wide background width, each record's part one table
+// written and read alike (see adv_detection.h).
+#include "methoddefaults/adv_detection.h"
+
+#include <array>
+
+#include "methoddefaults/section.h"
 #include "vglobal/fileio/component.h"
 #include "vglobal/methoddefaults/peak_detection.h"
 
-#include "methoddefaults/section.h"
-
+namespace vglobal::methoddefaults {
 namespace {
 
-// The section moves values of two records.
-struct AdvDetectRecords {
-  CComponentIO* component;
-  COptions* options;
+using C = Section<CComponentIO>;
+using CF = vglobal::ComponentIdentification::Fields;
+using O = Section<COptions>;
+
+constexpr std::array kComponentPart{
+    C::Value<&CF::ValleyThreshold>(),
+    C::Value<&CF::ValleyDepth>(),
+    C::Value<&CF::PeakSNRCutoff>(),
 };
 
-using S = vglobal::methoddefaults::Section<AdvDetectRecords>;
-using R = AdvDetectRecords;
-
-bool HasComponent(const R& r) {
-  return r.component != nullptr;
-}
-bool HasOptions(const R& r) {
-  return r.options != nullptr;
-}
-
-const S::Write kAdvDetectWrite[] = {
-    S::Double(
-        L"ValleyThreshold", [](const R& r) { return r.component->ValleyThreshold(); },
-        HasComponent),
-    S::Double(
-        L"ValleyDepth", [](const R& r) { return r.component->ValleyDepth(); }, HasComponent),
-    S::Double(
-        L"PeakSNRCutoff", [](const R& r) { return r.component->PeakSNRCutoff(); }, HasComponent),
-    S::Int(
-        L"BkgWidth", [](const R& r) { return r.options->BkgWidth(); }, HasOptions),
+constexpr std::array kOptionsPart{
+    O::Value<&COptions::Fields::BkgWidth>(),
 };
 
 }  // namespace
 
+int ReadAdvDetectComponent(CComponentIO& component) {
+  return ReadValues<CComponentIO>(kAdvDetectionOptionsKey, component, kComponentPart);
+}
+
+int ReadAdvDetectOptions(COptions& options) {
+  return ReadValues<COptions>(kAdvDetectionOptionsKey, options, kOptionsPart);
+}
+
+}  // namespace vglobal::methoddefaults
+
 void WriteAdvDetectOptionsInfo(CComponentIO* component, COptions* options) {
-  const vglobal::methoddefaults::WriteScope scope;
+  using namespace vglobal::methoddefaults;
+  const WriteScope scope;
   if (!component && !options) return;
-  const AdvDetectRecords records{component, options};
-  vglobal::methoddefaults::WriteValues<R>(vglobal::kAdvDetectionOptionsKey, records,
-                                          kAdvDetectWrite);
+  CVRegKey key(HKEY_CURRENT_USER, vglobal::kAdvDetectionOptionsKey, 1, 1);
+  if (component) WriteValues<CComponentIO>(key, *component, kComponentPart);
+  if (options) WriteValues<COptions>(key, *options, kOptionsPart);
 }

@@ -24,54 +24,32 @@ bool HasCurve(const CComponentIO& c) {
   return !IsInternalStandard(c);
 }
 
-constexpr std::array kWrite{
-    S::Int(L"TypeIndex", [](const CComponentIO& c) { return c.Type(); }),
-    S::Double(
-        L"ISTDBaseAmount", [](const CComponentIO& c) { return c.ISTDBaseAmount(); },
-        IsInternalStandard),
-    S::String(
-        L"ISTDUnits", [](const CComponentIO& c) { return c.ISTDUnits(); }, IsInternalStandard),
-    S::Int(
-        L"WeightingIndex", [](const CComponentIO& c) { return c.WeightingIndex(); }, HasCurve),
-    S::Int(
-        L"OriginIndex", [](const CComponentIO& c) { return c.OriginIndex(); }, HasCurve),
-    S::Int(
-        L"CurveIndex", [](const CComponentIO& c) { return c.CurveIndex(); }, HasCurve),
-    S::String(
-        L"CalibrationUnits", [](const CComponentIO& c) { return c.CalibrationUnits(); }, HasCurve),
-    S::Int(
-        L"ResponseIndex", [](const CComponentIO& c) { return c.ResponseIndex(); }, HasCurve),
-    S::Double(
-        L"ISTDInTarget", [](const CComponentIO& c) { return c.PercentISTDInTarget(); }, HasCurve),
-    S::Double(
-        L"TargetInISTD", [](const CComponentIO& c) { return c.PercentTargetInISTD(); }, HasCurve),
-};
+using F = vglobal::ComponentCalibration::Fields;
 
-// Both groups are read whatever the type, so a section written by the writer above
-// always reads back incomplete; the values found are applied all the same.
-constexpr std::array kRead{
-    S::ReadInt(L"TypeIndex", [](CComponentIO& c, int v) { c.Type(v); }),
-    S::ReadDouble(L"ISTDBaseAmount", [](CComponentIO& c, double v) { c.ISTDBaseAmount(v); }),
-    S::ReadString(L"ISTDUnits", [](CComponentIO& c, const CString& v) { c.ISTDUnits(v); }),
-    S::ReadInt(L"WeightingIndex", [](CComponentIO& c, int v) { c.WeightingIndex(v); }),
-    S::ReadInt(L"OriginIndex", [](CComponentIO& c, int v) { c.OriginIndex(v); }),
-    S::ReadInt(L"CurveIndex", [](CComponentIO& c, int v) { c.CurveIndex(v); }),
-    S::ReadString(L"CalibrationUnits",
-                  [](CComponentIO& c, const CString& v) { c.CalibrationUnits(v); }),
-    S::ReadInt(L"ResponseIndex", [](CComponentIO& c, int v) { c.ResponseIndex(v); }),
-    S::ReadDouble(L"ISTDInTarget", [](CComponentIO& c, double v) { c.PercentISTDInTarget(v); }),
-    S::ReadDouble(L"TargetInISTD", [](CComponentIO& c, double v) { c.PercentTargetInISTD(v); }),
-};
+// Both groups are read whatever the type, so a section written by this table always
+// reads back incomplete; the values found are applied all the same.
+constexpr auto kCalibration = std::to_array<S::Entry>({
+    S::Value<&F::Type>(L"TypeIndex"),
+    S::Value<&F::ISTDBaseAmount>(IsInternalStandard),
+    S::Value<&F::ISTDUnits>(IsInternalStandard),
+    S::Value<&F::WeightingIndex>(HasCurve),
+    S::Value<&F::OriginIndex>(HasCurve),
+    S::Value<&F::CurveIndex>(HasCurve),
+    S::Value<&F::CalibrationUnits>(HasCurve),
+    S::Value<&F::ResponseIndex>(HasCurve),
+    S::Value<&F::PercentISTDInTarget>(L"ISTDInTarget", HasCurve),
+    S::Value<&F::PercentTargetInISTD>(L"TargetInISTD", HasCurve),
+});
 
 }  // namespace
 
 void WriteCalibrationInfo(CComponentIO* component) {
   const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
-  WriteValues<CComponentIO>(kCalibrationPath, *component, kWrite);
+  WriteValues<CComponentIO>(kCalibrationPath, *component, kCalibration);
 }
 
 int ReadCalibrationInfo(CComponentIO* component) {
   if (!component) return 0;
-  return ReadValues<CComponentIO>(kCalibrationPath, *component, kRead);
+  return ReadValues<CComponentIO>(kCalibrationPath, *component, kCalibration);
 }

@@ -4,6 +4,7 @@
 // component_detection.cpp, calibration and flags.
 #include <array>
 
+#include "methoddefaults/adv_detection.h"
 #include "methoddefaults/section.h"
 #include "vglobal/fileio/component.h"
 #include "vglobal/methoddefaults/calibration.h"
@@ -11,9 +12,6 @@
 #include "vglobal/methoddefaults/flags.h"
 
 namespace {
-
-using vglobal::methoddefaults::ReadValues;
-using S = vglobal::methoddefaults::Section<CComponentIO>;
 
 using PageWriter = void (*)(CComponentIO*);
 using PageReader = int (*)(CComponentIO*);
@@ -45,19 +43,10 @@ constexpr std::array<PageWriter, 8> kWholeComponent{
     WriteLevelsInfo,         WriteSystemSuitabilityInfo,
 };
 
-constexpr const wchar_t* kAdvancedDetectionPath =
-    L"Processing Setup\\Defaults\\Quan\\Advanced Detection Options";
-
 // The component's part of Advanced Detection Options; "BkgWidth", written beside
 // these from the method's options, is not the component's and is not read here.
-constexpr std::array kReadAdvancedDetection{
-    S::ReadDouble(L"ValleyThreshold", [](CComponentIO& c, double v) { c.ValleyThreshold(v); }),
-    S::ReadDouble(L"ValleyDepth", [](CComponentIO& c, double v) { c.ValleyDepth(v); }),
-    S::ReadDouble(L"PeakSNRCutoff", [](CComponentIO& c, double v) { c.PeakSNRCutoff(v); }),
-};
-
 int ReadAdvancedDetectionOptions(CComponentIO* component) {
-  return ReadValues<CComponentIO>(kAdvancedDetectionPath, *component, kReadAdvancedDetection);
+  return vglobal::methoddefaults::ReadAdvDetectComponent(*component);
 }
 
 struct NamedPage {

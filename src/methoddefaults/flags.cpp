@@ -17,62 +17,43 @@ constexpr const wchar_t* kDetectionFlagsPath = L"Processing Setup\\Defaults\\Qua
 constexpr const wchar_t* kCalibrationFlagsPath =
     L"Processing Setup\\Defaults\\Quan\\Calibration Flags";
 
-constexpr std::array kDetectionFlagsWrite{
-    S::Double(L"AreaFlagThreshold", [](const CComponentIO& c) { return c.AreaFlagThreshold(); }),
-    S::Double(L"HeightFlagThreshold",
-              [](const CComponentIO& c) { return c.HeightFlagThreshold(); }),
-    S::Double(L"AreaFlagPercentThreshold",
-              [](const CComponentIO& c) { return c.AreaFlagPercentThreshold(); }),
-    S::Double(L"HeightFlagPercentThreshold",
-              [](const CComponentIO& c) { return c.HeightFlagPercentThreshold(); }),
-};
+using F = vglobal::ComponentFlags::Fields;
 
-constexpr std::array kDetectionFlagsRead{
-    S::ReadDouble(L"AreaFlagThreshold", [](CComponentIO& c, double v) { c.AreaFlagThreshold(v); }),
-    S::ReadDouble(L"HeightFlagThreshold",
-                  [](CComponentIO& c, double v) { c.HeightFlagThreshold(v); }),
-    S::ReadDouble(L"AreaFlagPercentThreshold",
-                  [](CComponentIO& c, double v) { c.AreaFlagPercentThreshold(v); }),
-    S::ReadDouble(L"HeightFlagPercentThreshold",
-                  [](CComponentIO& c, double v) { c.HeightFlagPercentThreshold(v); }),
-};
+constexpr auto kDetectionFlags = std::to_array<S::Entry>({
+    S::Value<&F::AreaFlagThreshold>(),
+    S::Value<&F::HeightFlagThreshold>(),
+    S::Value<&F::AreaFlagPercentThreshold>(),
+    S::Value<&F::HeightFlagPercentThreshold>(),
+});
 
-constexpr std::array kCalibrationFlagsWrite{
-    S::Double(L"R_Squared", [](const CComponentIO& c) { return c.R_Squared(); }),
-    S::Double(L"LimitDetection", [](const CComponentIO& c) { return c.LimitDetection(); }),
-    S::Double(L"LimitQuantitation", [](const CComponentIO& c) { return c.LimitQuantitation(); }),
-    S::Double(L"LinearityLimit", [](const CComponentIO& c) { return c.LinearityLimit(); }),
-    S::Double(L"CarryOverLimit", [](const CComponentIO& c) { return c.CarryOverLimit(); }),
-};
-
-constexpr std::array kCalibrationFlagsRead{
-    S::ReadDouble(L"R_Squared", [](CComponentIO& c, double v) { c.R_Squared(v); }),
-    S::ReadDouble(L"LimitDetection", [](CComponentIO& c, double v) { c.LimitDetection(v); }),
-    S::ReadDouble(L"LimitQuantitation", [](CComponentIO& c, double v) { c.LimitQuantitation(v); }),
-    S::ReadDouble(L"LinearityLimit", [](CComponentIO& c, double v) { c.LinearityLimit(v); }),
-    S::ReadDouble(L"CarryOverLimit", [](CComponentIO& c, double v) { c.CarryOverLimit(v); }),
-};
+constexpr auto kCalibrationFlags = std::to_array<S::Entry>({
+    S::Value<&F::R_Squared>(),
+    S::Value<&F::LimitDetection>(),
+    S::Value<&F::LimitQuantitation>(),
+    S::Value<&F::LinearityLimit>(),
+    S::Value<&F::CarryOverLimit>(),
+});
 
 }  // namespace
 
 void WriteDataFlagsInfo(CComponentIO* component) {
   const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
-  WriteValues<CComponentIO>(kDetectionFlagsPath, *component, kDetectionFlagsWrite);
+  WriteValues<CComponentIO>(kDetectionFlagsPath, *component, kDetectionFlags);
 }
 
 int ReadDataFlagsInfo(CComponentIO* component) {
   if (!component) return 0;
-  return ReadValues<CComponentIO>(kDetectionFlagsPath, *component, kDetectionFlagsRead);
+  return ReadValues<CComponentIO>(kDetectionFlagsPath, *component, kDetectionFlags);
 }
 
 void WriteCalibrationFlagInfo(CComponentIO* component) {
   const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
-  WriteValues<CComponentIO>(kCalibrationFlagsPath, *component, kCalibrationFlagsWrite);
+  WriteValues<CComponentIO>(kCalibrationFlagsPath, *component, kCalibrationFlags);
 }
 
 int ReadCalibrationFlagInfo(CComponentIO* component) {
   if (!component) return 0;
-  return ReadValues<CComponentIO>(kCalibrationFlagsPath, *component, kCalibrationFlagsRead);
+  return ReadValues<CComponentIO>(kCalibrationFlagsPath, *component, kCalibrationFlags);
 }

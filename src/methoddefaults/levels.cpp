@@ -61,36 +61,22 @@ constexpr std::array kEveryList{kCalLevels, kQCLevels, kSurrogateLevels};
 
 using SComponent = vglobal::methoddefaults::Section<CComponentIO>;
 
-constexpr std::array kSpikeWrite{
-    SComponent::Double(L"SpikeAmount", [](const CComponentIO& c) { return c.SpikeAmount(); }),
-    SComponent::Double(L"SpikeLowerRecovery",
-                       [](const CComponentIO& c) { return c.SpikeLowerRecovery(); }),
-    SComponent::Double(L"SpikeUpperRecovery",
-                       [](const CComponentIO& c) { return c.SpikeUpperRecovery(); }),
-};
+using CF = vglobal::ComponentCalibration::Fields;
 
-constexpr std::array kSpikeRead{
-    SComponent::ReadDouble(L"SpikeAmount", [](CComponentIO& c, double v) { c.SpikeAmount(v); }),
-    SComponent::ReadDouble(L"SpikeLowerRecovery",
-                           [](CComponentIO& c, double v) { c.SpikeLowerRecovery(v); }),
-    SComponent::ReadDouble(L"SpikeUpperRecovery",
-                           [](CComponentIO& c, double v) { c.SpikeUpperRecovery(v); }),
-};
+constexpr auto kSpike = std::to_array<SComponent::Entry>({
+    SComponent::Value<&CF::SpikeAmount>(),
+    SComponent::Value<&CF::SpikeLowerRecovery>(),
+    SComponent::Value<&CF::SpikeUpperRecovery>(),
+});
 
 using SLevel = vglobal::methoddefaults::Section<CLevel>;
 
 // The level's own values; "NumReplicates" and the replicates follow (level_io.h).
-constexpr std::array kLevelWrite{
-    SLevel::String(L"Name", [](const CLevel& l) { return l.LevelName(); }),
-    SLevel::Double(L"BaseAmount", [](const CLevel& l) { return l.BaseAmount(); }),
-    SLevel::Double(L"TestPercent", [](const CLevel& l) { return l.TestPercent(); }),
-};
-
-constexpr std::array kLevelRead{
-    SLevel::ReadString(L"Name", [](CLevel& l, const CString& v) { l.LevelName(v); }),
-    SLevel::ReadDouble(L"BaseAmount", [](CLevel& l, double v) { l.BaseAmount(v); }),
-    SLevel::ReadDouble(L"TestPercent", [](CLevel& l, double v) { l.TestPercent(v); }),
-};
+constexpr auto kLevel = std::to_array<SLevel::Entry>({
+    SLevel::Value<&CLevel::Fields::LevelName>(L"Name"),
+    SLevel::Value<&CLevel::Fields::BaseAmount>(),
+    SLevel::Value<&CLevel::Fields::TestPercent>(),
+});
 
 // Replaces whatever the list key held, so a shorter list leaves no stale level behind.
 void WriteLevelList(CVRegKey& levels, CComponentIO& component, const LevelList& list) {
@@ -132,7 +118,7 @@ void WriteLevelsInfo(CComponentIO* component) {
       break;
     case 4:
       for (const LevelList& list : kSurrogateLists) WriteLevelList(levels, *component, list);
-      WriteValues<CComponentIO>(levels, *component, kSpikeWrite);
+      WriteValues<CComponentIO>(levels, *component, kSpike);
       break;
     default:
       break;
@@ -146,7 +132,7 @@ int ReadLevelsInfo(CComponentIO* component) {
   for (const LevelList& list : kEveryList) {
     if (!ReadLevelList(levels, *component, list)) complete = 0;
   }
-  if (!ReadValues<CComponentIO>(levels, *component, kSpikeRead)) complete = 0;
+  if (!ReadValues<CComponentIO>(levels, *component, kSpike)) complete = 0;
   return complete;
 }
 
@@ -154,14 +140,14 @@ void WriteALevel(CLevel* level, CVRegKey* list, int index) {
   const vglobal::methoddefaults::WriteScope scope;
   if (!level || !list) return;
   CVRegKey levelKey(*list, ElementKeyName(kLevelKey, index), 1, 1);
-  WriteValues<CLevel>(levelKey, *level, kLevelWrite);
+  WriteValues<CLevel>(levelKey, *level, kLevel);
   vglobal::methoddefaults::WriteReplicates(levelKey, *level);
 }
 
 int ReadALevel(CLevel* level, CVRegKey* list, int index) {
   if (!level || !list) return 0;
   CVRegKey levelKey(*list, ElementKeyName(kLevelKey, index), 0, 0);
-  int complete = ReadValues<CLevel>(levelKey, *level, kLevelRead);
+  int complete = ReadValues<CLevel>(levelKey, *level, kLevel);
   if (!vglobal::methoddefaults::ReadReplicates(levelKey, *level, 0)) complete = 0;
   return complete;
 }

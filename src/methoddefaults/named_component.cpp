@@ -10,18 +10,22 @@
 
 #include <array>
 #include <memory>
+#include <span>
 
+#include "methoddefaults/kiva_entries.h"
 #include "methoddefaults/level_io.h"
 #include "methoddefaults/section.h"
 #include "vglobal/fileio/component.h"
 
 namespace {
 
+using S = vglobal::methoddefaults::Section<CComponentIO>;
 using vglobal::methoddefaults::ElementKeyName;
+using vglobal::methoddefaults::Join;
+using vglobal::methoddefaults::KivaEntriesWithoutRMS;
 using vglobal::methoddefaults::ReadListCount;
 using vglobal::methoddefaults::ReadValues;
 using vglobal::methoddefaults::WriteValues;
-using S = vglobal::methoddefaults::Section<CComponentIO>;
 
 constexpr const wchar_t* kMassListKey = L"MassList";
 constexpr const wchar_t* kMassListElement = L"MassList[%d]";
@@ -37,43 +41,16 @@ constexpr const wchar_t* kNewComponentName = L"<new>";
 
 // ---- 1. Tables ----
 
+using IF = vglobal::ComponentIdentification::Fields;
+using CF = vglobal::ComponentCalibration::Fields;
+
 // Written first, whatever the component holds: this layout keeps no scan filter and no
-// mass ranges, so a component read back has the empty filter and none.
-constexpr std::array kNoFilterWrite{
+// mass ranges, so a component read back has the empty filter and none. Both are
+// read by ReadDefaultComponent itself, the filter parsed and the count with its list.
+constexpr auto kNoFilter = std::to_array<S::Entry>({
     S::String(L"Filter", [](const CComponentIO&) { return CString(); }),
     S::Int(L"NumMassRanges", [](const CComponentIO&) { return 0; }),
-};
-
-constexpr std::array kIdentificationWrite{
-    S::String(L"Name", [](const CComponentIO& c) { return c.ComponentName(); }),
-    S::Double(L"UserEnteredRT", [](const CComponentIO& c) { return c.UserEnteredRT(); }),
-    S::Double(L"RTSearchWindow", [](const CComponentIO& c) { return c.RTSearchWindow(); }),
-    S::Int(L"UseAsRTReference", [](const CComponentIO& c) { return c.UseAsRTReference(); }),
-    S::Int(L"AdjustExpectedRT", [](const CComponentIO& c) { return c.AdjustExpectedRT(); }),
-    S::String(L"RTReference", [](const CComponentIO& c) { return c.RTReference(); }),
-    S::Int(L"PeakDetectionIndex", [](const CComponentIO& c) { return c.PeakDetectionIndex(); }),
-    S::Double(L"SNThreshold", [](const CComponentIO& c) { return c.SNThreshold(); }),
-    S::Double(L"FitThreshold", [](const CComponentIO& c) { return c.FitThreshold(); }),
-    S::Int(L"SmoothingPoints", [](const CComponentIO& c) { return c.SmoothingPoints(); }),
-    S::Int(L"ValleyDetection", [](const CComponentIO& c) { return c.ValleyDetection(); }),
-    S::Int(L"ConstrainPeak", [](const CComponentIO& c) { return c.ConstrainPeak(); }),
-    S::Double(L"PeakHeightPercentage",
-              [](const CComponentIO& c) { return c.PeakHeightPercentage(); }),
-    S::Double(L"TailingFactor", [](const CComponentIO& c) { return c.TailingFactor(); }),
-    S::Int(L"NumMIPairs", [](const CComponentIO& c) { return c.NumMIPairs(); }),
-    S::Int(L"BaselineWindow", [](const CComponentIO& c) { return c.BaselineWindow(); }),
-    S::Int(L"PeakNoiseFactor", [](const CComponentIO& c) { return c.PeakNoiseFactor(); }),
-    S::Int(L"MultipletResolution", [](const CComponentIO& c) { return c.MultipletResolution(); }),
-    S::Int(L"KivaMinPeakWidth", [](const CComponentIO& c) { return c.KivaMinPeakWidth(); }),
-    S::Int(L"AreaScanWindow", [](const CComponentIO& c) { return c.AreaScanWindow(); }),
-    S::Int(L"AreaNoiseFactor", [](const CComponentIO& c) { return c.AreaNoiseFactor(); }),
-    S::Int(L"AreaTailExtension", [](const CComponentIO& c) { return c.AreaTailExtension(); }),
-    S::Int(L"KivaNoiseType", [](const CComponentIO& c) { return c.KivaNoiseType(); }),
-    S::Int(L"KivaConstrainPeak", [](const CComponentIO& c) { return c.KivaConstrainPeak(); }),
-    S::Double(L"KivaPeakHeightPercentage",
-              [](const CComponentIO& c) { return c.KivaPeakHeightPercentage(); }),
-    S::Double(L"KivaTailingFactor", [](const CComponentIO& c) { return c.KivaTailingFactor(); }),
-};
+});
 
 // Only the first three peak-detection algorithms apply to a quantitation component.
 int AcceptPeakDetectionIndex(CComponentIO& c, int v) {
@@ -82,121 +59,88 @@ int AcceptPeakDetectionIndex(CComponentIO& c, int v) {
   return 1;
 }
 
-constexpr std::array kIdentificationRead{
-    // The stored "Name" is not read back; see kNewComponentName.
-    S::Do([](CComponentIO& c) { c.ComponentName(kNewComponentName); }),
-    S::ReadDouble(L"UserEnteredRT", [](CComponentIO& c, double v) { c.UserEnteredRT(v); }),
-    S::ReadDouble(L"RTSearchWindow", [](CComponentIO& c, double v) { c.RTSearchWindow(v); }),
-    S::ReadInt(L"UseAsRTReference", [](CComponentIO& c, int v) { c.UseAsRTReference(v); }),
-    S::ReadInt(L"AdjustExpectedRT", [](CComponentIO& c, int v) { c.AdjustExpectedRT(v); }),
-    S::ReadString(L"RTReference", [](CComponentIO& c, const CString& v) { c.RTReference(v); }),
-    // Refused from 3 up (the field keeps its value, the read is incomplete); a negative
-    // index is taken as stored.
-    S::ReadCheckedInt(L"PeakDetectionIndex", AcceptPeakDetectionIndex),
-    S::ReadDouble(L"SNThreshold", [](CComponentIO& c, double v) { c.SNThreshold(v); }),
-    S::ReadDouble(L"FitThreshold", [](CComponentIO& c, double v) { c.FitThreshold(v); }),
-    S::ReadInt(L"SmoothingPoints", [](CComponentIO& c, int v) { c.SmoothingPoints(v); }),
-    S::ReadInt(L"ValleyDetection", [](CComponentIO& c, int v) { c.ValleyDetection(v); }),
-    S::ReadInt(L"ConstrainPeak", [](CComponentIO& c, int v) { c.ConstrainPeak(v); }),
-    S::ReadDouble(L"PeakHeightPercentage",
-                  [](CComponentIO& c, double v) { c.PeakHeightPercentage(v); }),
-    S::ReadDouble(L"TailingFactor", [](CComponentIO& c, double v) { c.TailingFactor(v); }),
-    S::ReadInt(L"BaselineWindow", [](CComponentIO& c, int v) { c.BaselineWindow(v); }),
-    S::ReadInt(L"PeakNoiseFactor", [](CComponentIO& c, int v) { c.PeakNoiseFactor(v); }),
-    S::ReadInt(L"MultipletResolution", [](CComponentIO& c, int v) { c.MultipletResolution(v); }),
-    S::ReadInt(L"KivaMinPeakWidth", [](CComponentIO& c, int v) { c.KivaMinPeakWidth(v); }),
-    S::ReadInt(L"AreaScanWindow", [](CComponentIO& c, int v) { c.AreaScanWindow(v); }),
-    S::ReadInt(L"AreaNoiseFactor", [](CComponentIO& c, int v) { c.AreaNoiseFactor(v); }),
-    S::ReadInt(L"AreaTailExtension", [](CComponentIO& c, int v) { c.AreaTailExtension(v); }),
-    S::ReadInt(L"KivaNoiseType", [](CComponentIO& c, int v) { c.KivaNoiseType(v); }),
-    S::ReadInt(L"KivaConstrainPeak", [](CComponentIO& c, int v) { c.KivaConstrainPeak(v); }),
-    S::ReadDouble(L"KivaPeakHeightPercentage",
-                  [](CComponentIO& c, double v) { c.KivaPeakHeightPercentage(v); }),
-    S::ReadDouble(L"KivaTailingFactor", [](CComponentIO& c, double v) { c.KivaTailingFactor(v); }),
-};
+// The identification values, then the Kiva values without KivaRMS.
+constexpr auto kIdentification = Join(
+    std::to_array<S::Entry>({
+        // Written, not read back: see kNewComponentName.
+        S::String(L"Name", [](const CComponentIO& c) { return c.ComponentName(); }),
+        S::Do([](CComponentIO& c) { c.ComponentName(kNewComponentName); }),
+        S::Value<&CF::UserEnteredRT>(),
+        S::Value<&IF::RTSearchWindow>(),
+        S::Value<&IF::UseAsRTReference>(),
+        S::Value<&IF::AdjustExpectedRT>(),
+        S::Value<&IF::RTReference>(),
+        // Written as held; read refused from 3 up (the field keeps its value, the read is
+        // incomplete), a negative index taken as stored.
+        S::Int(L"PeakDetectionIndex", [](const CComponentIO& c) { return c.PeakDetectionIndex(); }),
+        S::ReadCheckedInt(L"PeakDetectionIndex", AcceptPeakDetectionIndex),
+        S::Value<&IF::SNThreshold>(),
+        S::Value<&CF::FitThreshold>(),
+        S::Value<&IF::SmoothingPoints>(),
+        S::Value<&IF::ValleyDetection>(),
+        S::Value<&IF::ConstrainPeak>(),
+        S::Value<&IF::PeakHeightPercentage>(),
+        S::Value<&IF::TailingFactor>(),
+        // Written here; read with the mass list, before this table.
+        S::Int(L"NumMIPairs", [](const CComponentIO& c) { return c.NumMIPairs(); }),
+    }),
+    KivaEntriesWithoutRMS<CComponentIO, IF>());
 
-constexpr std::array kCalibrationWrite{
-    // The name again: the calibration half was once written on its own.
+// The calibration values; the levels are written after them and read between the
+// level counts and the cross contributions, which read nothing of the levels.
+constexpr auto kCalibration = std::to_array<S::Entry>({
+    // The name again, not read back: the calibration half was once written on its own.
     S::String(L"Name", [](const CComponentIO& c) { return c.ComponentName(); }),
-    // The type is not kept: a component read back is always a target compound.
+    // Written as 0, read as stored: the type is not kept, a component read back is a
+    // target compound.
     S::Int(L"Type", [](const CComponentIO&) { return 0; }),
-    S::Double(L"ISTDBaseAmount", [](const CComponentIO& c) { return c.ISTDBaseAmount(); }),
-    S::String(L"ISTDUnits", [](const CComponentIO& c) { return c.ISTDUnits(); }),
-    S::Int(L"CurveIndex", [](const CComponentIO& c) { return c.CurveIndex(); }),
-    S::Int(L"OriginIndex", [](const CComponentIO& c) { return c.OriginIndex(); }),
-    S::Int(L"WeightingIndex", [](const CComponentIO& c) { return c.WeightingIndex(); }),
-    S::Int(L"ResponseIndex", [](const CComponentIO& c) { return c.ResponseIndex(); }),
-    S::String(L"CalibrationUnits", [](const CComponentIO& c) { return c.CalibrationUnits(); }),
-    S::String(L"ReportUnits", [](const CComponentIO& c) { return c.ReportUnits(); }),
+    S::ReadInt(L"Type", [](CComponentIO& c, int v) { c.Type(v); }),
+    S::Value<&CF::ISTDBaseAmount>(),
+    S::Value<&CF::ISTDUnits>(),
+    S::Value<&CF::CurveIndex>(),
+    S::Value<&CF::OriginIndex>(),
+    S::Value<&CF::WeightingIndex>(),
+    S::Value<&CF::ResponseIndex>(),
+    S::Value<&CF::CalibrationUnits>(),
+    S::Value<&CF::ReportUnits>(),
+    // Written here; read with their level lists.
     S::Int(L"NumCalLevels", [](const CComponentIO& c) { return c.NumCalLevels(); }),
     S::Int(L"NumQCLevels", [](const CComponentIO& c) { return c.NumQCLevels(); }),
-    S::Double(L"PercentISTDInTarget",
-              [](const CComponentIO& c) { return c.PercentISTDInTarget(); }),
-    S::Double(L"PercentTargetInISTD",
-              [](const CComponentIO& c) { return c.PercentTargetInISTD(); }),
-};
-
-// The calibration values up to the level counts; the counts and the levels follow,
-// then kCrossContributionRead.
-constexpr std::array kCalibrationRead{
-    S::ReadInt(L"Type", [](CComponentIO& c, int v) { c.Type(v); }),
-    S::ReadDouble(L"ISTDBaseAmount", [](CComponentIO& c, double v) { c.ISTDBaseAmount(v); }),
-    S::ReadString(L"ISTDUnits", [](CComponentIO& c, const CString& v) { c.ISTDUnits(v); }),
-    S::ReadInt(L"CurveIndex", [](CComponentIO& c, int v) { c.CurveIndex(v); }),
-    S::ReadInt(L"OriginIndex", [](CComponentIO& c, int v) { c.OriginIndex(v); }),
-    S::ReadInt(L"WeightingIndex", [](CComponentIO& c, int v) { c.WeightingIndex(v); }),
-    S::ReadInt(L"ResponseIndex", [](CComponentIO& c, int v) { c.ResponseIndex(v); }),
-    S::ReadString(L"CalibrationUnits",
-                  [](CComponentIO& c, const CString& v) { c.CalibrationUnits(v); }),
-    S::ReadString(L"ReportUnits", [](CComponentIO& c, const CString& v) { c.ReportUnits(v); }),
-};
-
-constexpr std::array kCrossContributionRead{
-    S::ReadDouble(L"PercentISTDInTarget",
-                  [](CComponentIO& c, double v) { c.PercentISTDInTarget(v); }),
-    S::ReadDouble(L"PercentTargetInISTD",
-                  [](CComponentIO& c, double v) { c.PercentTargetInISTD(v); }),
-};
+    S::Value<&CF::PercentISTDInTarget>(),
+    S::Value<&CF::PercentTargetInISTD>(),
+});
 
 using SPair = vglobal::methoddefaults::Section<CMIPair>;
-constexpr std::array kMIPairWrite{
-    SPair::Double(L"Mass", [](const CMIPair& p) { return p.Mass(); }),
-    SPair::Double(L"Intensity", [](const CMIPair& p) { return p.Intensity(); }),
-};
-constexpr std::array kMIPairRead{
-    SPair::ReadDouble(L"Mass", [](CMIPair& p, double v) { p.Mass(v); }),
-    SPair::ReadDouble(L"Intensity", [](CMIPair& p, double v) { p.Intensity(v); }),
-};
+constexpr auto kMIPair = std::to_array<SPair::Entry>({
+    SPair::Value<&CMIPair::Fields::Mass>(),
+    SPair::Value<&CMIPair::Fields::Intensity>(),
+});
 
+// Only read: the layout writes no mass range (see kNoFilter), but a key written by
+// another program may hold some.
 using SRange = vglobal::methoddefaults::Section<CMassRange>;
-constexpr std::array kMassRangeRead{
-    SRange::ReadDouble(L"LowMass", [](CMassRange& r, double v) { r.LowMass(v); }),
-    SRange::ReadDouble(L"HighMass", [](CMassRange& r, double v) { r.HighMass(v); }),
-};
+constexpr auto kMassRange = std::to_array<SRange::Entry>({
+    SRange::Value<&CMassRange::Fields::LowMass>(),
+    SRange::Value<&CMassRange::Fields::HighMass>(),
+});
 
 // The level's own values in this layout's order; "NumReplicates" and the replicates
 // follow (level_io.h).
 using SLevel = vglobal::methoddefaults::Section<CLevel>;
-constexpr std::array kLevelWrite{
-    SLevel::Double(L"BaseAmount", [](const CLevel& l) { return l.BaseAmount(); }),
-    SLevel::Double(L"TestPercent", [](const CLevel& l) { return l.TestPercent(); }),
-    SLevel::String(L"Name", [](const CLevel& l) { return l.LevelName(); }),
-};
-constexpr std::array kLevelRead{
-    SLevel::ReadDouble(L"BaseAmount", [](CLevel& l, double v) { l.BaseAmount(v); }),
-    SLevel::ReadDouble(L"TestPercent", [](CLevel& l, double v) { l.TestPercent(v); }),
-    SLevel::ReadString(L"Name", [](CLevel& l, const CString& v) { l.LevelName(v); }),
-};
+constexpr auto kLevel = std::to_array<SLevel::Entry>({
+    SLevel::Value<&CLevel::Fields::BaseAmount>(),
+    SLevel::Value<&CLevel::Fields::TestPercent>(),
+    SLevel::Value<&CLevel::Fields::LevelName>(L"Name"),
+});
 
 // Reads the list counted by `countName` in `key` and kept as `elementFormat` sub-keys
 // of `listName`: resizes it through `resize` and reads element i into `at(i)`. Each
 // element key is opened creating it, so reading makes a missing element, empty.
 // Clears `ok` for the count or any value missing.
-template <typename Element, std::size_t N, typename Resize, typename At>
+template <typename Element, typename Resize, typename At>
 void ReadElementList(CVRegKey& key, const wchar_t* countName, const wchar_t* listName,
                      const wchar_t* elementFormat, Resize resize, At at,
-                     const std::array<vglobal::methoddefaults::ReadEntry<Element>, N>& table,
-                     int& ok) {
+                     std::span<const vglobal::methoddefaults::Entry<Element>> table, int& ok) {
   const std::optional<int> count = ReadListCount(key, countName);
   if (!count) {
     ok = 0;
@@ -244,15 +188,15 @@ CLevel& QCLevel(CComponentIO& c, int i) {
 void WriteIdentificationInfo(CComponentIO* component, CVRegKey& key) {
   const vglobal::methoddefaults::WriteScope scope;
   if (!component) return;
-  WriteValues<CComponentIO>(key, *component, kNoFilterWrite);
+  WriteValues<CComponentIO>(key, *component, kNoFilter);
   CVRegKey(key, kMassRangeKey, 0, 0).DeleteAll();
-  WriteValues<CComponentIO>(key, *component, kIdentificationWrite);
+  WriteValues<CComponentIO>(key, *component, kIdentification);
 
   CVRegKey massList(key, kMassListKey, 1, 1);
   massList.DeleteAll();
   for (int i = 0; i < component->NumMIPairs(); ++i) {
     CVRegKey pairKey(massList, ElementKeyName(kMassListElement, i), 1, 1);
-    WriteValues<CMIPair>(pairKey, component->GetMIPair(i), kMIPairWrite);
+    WriteValues<CMIPair>(pairKey, component->GetMIPair(i), kMIPair);
   }
 }
 
@@ -261,7 +205,7 @@ void WriteCalibrationInfo(CComponentIO* component, CVRegKey& key) {
   if (!component) return;
   CVRegKey calLevels(key, kCalLevelsKey, 0, 0);
   CVRegKey qcLevels(key, kQCLevelsKey, 0, 0);
-  WriteValues<CComponentIO>(key, *component, kCalibrationWrite);
+  WriteValues<CComponentIO>(key, *component, kCalibration);
   // Sorting keeps the counts just written.
   component->SortCalLevelPairs();
   component->SortQCLevelPairs();
@@ -272,7 +216,7 @@ void WriteCalibrationInfo(CComponentIO* component, CVRegKey& key) {
 void WriteLevelInfo(CLevel& level, CVRegKey& parent, int index) {
   const vglobal::methoddefaults::WriteScope scope;
   CVRegKey levelKey(parent, ElementKeyName(kLevelElement, index), 1, 1);
-  WriteValues<CLevel>(levelKey, level, kLevelWrite);
+  WriteValues<CLevel>(levelKey, level, kLevel);
   vglobal::methoddefaults::WriteReplicates(levelKey, level);
 }
 
@@ -296,23 +240,22 @@ int ReadDefaultComponent(CComponentIO* component, CString& path) {
 
   ReadElementList<CMIPair>(
       key, L"NumMIPairs", kMassListKey, kMassListElement, [&c](int n) { c.NumMIPairs(n); },
-      [&c](int i) -> CMIPair& { return c.GetMIPair(i); }, kMIPairRead, ok);
+      [&c](int i) -> CMIPair& { return c.GetMIPair(i); }, kMIPair, ok);
   ReadElementList<CMassRange>(
       key, L"NumMassRanges", kMassRangeKey, kMassRangeElement, [&c](int n) { c.NumMassRanges(n); },
-      [&c](int i) -> CMassRange& { return c[i]; }, kMassRangeRead, ok);
+      [&c](int i) -> CMassRange& { return c[i]; }, kMassRange, ok);
 
-  if (!ReadValues<CComponentIO>(key, c, kIdentificationRead)) ok = 0;
+  if (!ReadValues<CComponentIO>(key, c, kIdentification)) ok = 0;
 
   CVRegKey calLevels(key, kCalLevelsKey, 0, 0);
   CVRegKey qcLevels(key, kQCLevelsKey, 0, 0);
-  if (!ReadValues<CComponentIO>(key, c, kCalibrationRead)) ok = 0;
+  if (!ReadValues<CComponentIO>(key, c, kCalibration)) ok = 0;
   ReadLevels(
       key, L"NumCalLevels", calLevels, [](CComponentIO& cc, int n) { cc.NumCalLevels(n); },
       CalLevel, c, ok);
   ReadLevels(
       key, L"NumQCLevels", qcLevels, [](CComponentIO& cc, int n) { cc.NumQCLevels(n); }, QCLevel, c,
       ok);
-  if (!ReadValues<CComponentIO>(key, c, kCrossContributionRead)) ok = 0;
   return ok;
 }
 
@@ -323,7 +266,7 @@ void ReadLevelInfo(CLevel& level, CVRegKey& parent, int index, int& ok) {
     return;
   }
   CVRegKey levelKey(parent, ElementKeyName(kLevelElement, index), 1, 1);
-  if (!ReadValues<CLevel>(levelKey, level, kLevelRead)) ok = 0;
+  if (!ReadValues<CLevel>(levelKey, level, kLevel)) ok = 0;
   if (!vglobal::methoddefaults::ReadReplicates(levelKey, level, 1)) ok = 0;
 }
 

@@ -2,6 +2,9 @@
 // background width kept beside the component's advanced detection values.
 #include "vglobal/methoddefaults/peak_detection.h"
 
+#include <array>
+
+#include "methoddefaults/adv_detection.h"
 #include "methoddefaults/section.h"
 
 namespace {
@@ -9,51 +12,39 @@ namespace {
 using vglobal::methoddefaults::ReadValues;
 using S = vglobal::methoddefaults::Section<COptions>;
 using R = COptions;
+using F = R::Fields;
 
+// Only a user-entered void time has a value worth keeping; otherwise the value stored
+// earlier stays.
 bool UserEnteredVoidTime(const R& r) {
   return r.VoidTime() == 0;
 }
 
-const S::Write kOptionsWrite[] = {
-    S::Double(L"SearchWindow", [](const R& r) { return r.SearchWindow(); }),
-    S::Int(L"VoidTime", [](const R& r) { return r.VoidTime(); }),
-    // Only a user-entered void time has a value worth keeping; otherwise the value
-    // stored earlier stays.
-    S::Double(
-        L"VoidTimeValue", [](const R& r) { return r.VoidTimeValue(); }, UserEnteredVoidTime),
-    S::Double(L"BaseNoiseLimit", [](const R& r) { return r.BaseNoiseLimit(); }),
-    // An int in this key, unlike the interactive peak-detection key.
-    S::Int(L"MinScansInBaseline", [](const R& r) { return r.MinScansInBaseline(); }),
-};
-
-const S::Read kAdvDetectRead[] = {
-    S::ReadInt(L"BkgWidth", [](R& r, int v) { r.BkgWidth(v); }),
-};
-
-// "SpectrumOptions" is written by other programs of the suite, never here; a store
-// without it reads as incomplete.
-const S::Read kOptionsRead[] = {
+constexpr auto kOptions = std::to_array<S::Entry>({
+    // Read first, never written here: other programs of the suite store it, and a
+    // store without it reads as incomplete.
     S::ReadInt(L"SpectrumOptions", [](R& r, int v) { r.SpectrumOptions(v); }),
-    S::ReadDouble(L"SearchWindow", [](R& r, double v) { r.SearchWindow(v); }),
-    S::ReadInt(L"VoidTime", [](R& r, int v) { r.VoidTime(v); }),
-    S::ReadDouble(L"VoidTimeValue", [](R& r, double v) { r.VoidTimeValue(v); }),
-    S::ReadDouble(L"BaseNoiseLimit", [](R& r, double v) { r.BaseNoiseLimit(v); }),
-    S::ReadInt(L"MinScansInBaseline", [](R& r, int v) { r.MinScansInBaseline(v); }),
-};
+    S::Value<&F::SearchWindow>(),
+    S::Value<&F::VoidTime>(),
+    S::Value<&F::VoidTimeValue>(UserEnteredVoidTime),
+    S::Value<&F::BaseNoiseLimit>(),
+    // An int in this key, unlike the interactive peak-detection key.
+    S::Value<&F::MinScansInBaseline>(),
+});
 
 }  // namespace
 
 void WriteIdentificationOptions(COptions* options) {
   const vglobal::methoddefaults::WriteScope scope;
   if (!options) return;
-  vglobal::methoddefaults::WriteValues<R>(vglobal::kOptionsKey, *options, kOptionsWrite);
+  vglobal::methoddefaults::WriteValues<R>(vglobal::kOptionsKey, *options, kOptions);
 }
 
 int ReadOptionsDefaultInfo(COptions* options) {
   if (!options) return 0;
   // Both keys are read whatever the first one gave.
-  const int advanced = ReadValues<R>(vglobal::kAdvDetectionOptionsKey, *options, kAdvDetectRead);
-  const int general = ReadValues<R>(vglobal::kOptionsKey, *options, kOptionsRead);
+  const int advanced = vglobal::methoddefaults::ReadAdvDetectOptions(*options);
+  const int general = ReadValues<R>(vglobal::kOptionsKey, *options, kOptions);
   return advanced && general ? 1 : 0;
 }
 

@@ -1,38 +1,31 @@
 // The "Reports" section: the sample reports of the user's default method, one row
 // each.
 #include "vglobal/methoddefaults/reports.h"
+
+#include <array>
+
 #include "methoddefaults/row_list.h"
 
 namespace {
 
 using R = CReport;
 using S = vglobal::methoddefaults::Section<R>;
+using F = R::Fields;
+using vglobal::methoddefaults::Join;
+using vglobal::methoddefaults::SampleTypeEntries;
 
-const S::Write kWrite[] = {
-    S::Int(L"Enabled", [](const R& r) { return r.Enabled(); }),
-    S::Int(L"Stds", [](const R& r) { return r.Stds(); }),
-    S::Int(L"QCs", [](const R& r) { return r.QCs(); }),
-    S::Int(L"Unknowns", [](const R& r) { return r.Unknowns(); }),
-    S::Int(L"Other", [](const R& r) { return r.Other(); }),
-    S::Int(L"SaveAsType", [](const R& r) { return r.SaveAsType(); }),
-    S::String(L"Name", [](const R& r) { return r.Name(); }),
-};
+// After the sample types: how the report is saved, and its name.
+constexpr auto kReportValues = std::to_array<S::Entry>({
+    S::Value<&F::SaveAsType>(),
+    S::Value<&F::Name>(),
+});
 
-const S::Read kRead[] = {
-    S::ReadInt(L"Enabled", [](R& r, int v) { r.Enabled(v); }),
-    S::ReadInt(L"Stds", [](R& r, int v) { r.Stds(v); }),
-    S::ReadInt(L"QCs", [](R& r, int v) { r.QCs(v); }),
-    S::ReadInt(L"Unknowns", [](R& r, int v) { r.Unknowns(v); }),
-    S::ReadInt(L"Other", [](R& r, int v) { r.Other(v); }),
-    S::ReadInt(L"SaveAsType", [](R& r, int v) { r.SaveAsType(v); }),
-    S::ReadString(L"Name", [](R& r, const CString& v) { r.Name(v); }),
-};
+constexpr auto kRow = Join(SampleTypeEntries<R>(), kReportValues);
 
 const vglobal::methoddefaults::RowSection<R> kSection = {
     .path = L"Processing Setup\\Defaults\\Reports",
     .countName = L"NumReports",
-    .write = kWrite,
-    .read = kRead,
+    .entries = kRow,
     .size = [](const CProcMethod& m) { return m.NumReports(); },
     .get = [](const CProcMethod& m, int i) -> const R& { return m.GetReport(i); },
     .add = [](CProcMethod& m, const R& r) { m.AddReport(r); },

@@ -1,9 +1,10 @@
 // The shape shared by the report, summary-report and program sections: a list of rows
 // below a section key, kept as a count value and one sub-key per row named "Row 0",
-// "Row 1", ... Each section supplies its key, its count name, its row tables and the
+// "Row 1", ... Each section supplies its key, its count name, its row table and the
 // method's list it belongs to; the functions here move rows the same way for all three.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <span>
 
@@ -16,8 +17,7 @@ template <typename Row>
 struct RowSection {
   const wchar_t* path;
   const wchar_t* countName;
-  std::span<const WriteEntry<Row>> write;
-  std::span<const ReadEntry<Row>> read;
+  std::span<const Entry<Row>> entries;  // the values of one row
   // The method's list of these rows.
   int (*size)(const CProcMethod&);
   const Row& (*get)(const CProcMethod&, int);
@@ -26,18 +26,31 @@ struct RowSection {
 
 inline constexpr const wchar_t* kRowKey = L"Row %d";
 
+// The switch and the sample types a row applies to (standards, QCs, unknowns, other),
+// which a report row and a program row both store first, under the fields' names.
+template <typename Row>
+constexpr std::array<Entry<Row>, 5> SampleTypeEntries() {
+  using S = Section<Row>;
+  using F = typename Row::Fields;
+  return {
+      S::template Value<&F::Enabled>(), S::template Value<&F::Stds>(),
+      S::template Value<&F::QCs>(),     S::template Value<&F::Unknowns>(),
+      S::template Value<&F::Other>(),
+  };
+}
+
 template <typename Row>
 void WriteRow(const RowSection<Row>& section, const Row& row, int index) {
   CVRegKey key(HKEY_CURRENT_USER, section.path, 1, 1);
   CVRegKey rowKey(key, ElementKeyName(kRowKey, index), 1, 1);
-  WriteValues<Row>(rowKey, row, section.write);
+  WriteValues<Row>(rowKey, row, section.entries);
 }
 
 template <typename Row>
 int ReadRow(const RowSection<Row>& section, Row& row, int index) {
   CVRegKey key(HKEY_CURRENT_USER, section.path, 0, 0);
   CVRegKey rowKey(key, ElementKeyName(kRowKey, index), 0, 0);
-  return ReadValues<Row>(rowKey, row, section.read);
+  return ReadValues<Row>(rowKey, row, section.entries);
 }
 
 // Empties the section, so no row of an earlier, longer list survives, then writes the

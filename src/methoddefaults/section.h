@@ -1,13 +1,16 @@
 // The engine behind every settings section of the default processing method.
 //
-// A section is data: a table per direction, one entry per value in the order the
-// values are written or read, each naming the value, its type, how it is taken from
-// or put into the record, and (for writers) the condition under which it is stored.
-// One writer and one reader run every table, so a quirk of the stored layout is an
-// entry a reviewer can see, not a branch buried in code.
+// A section is data: a table of entries in the order the values are written and read,
+// each naming the value, its type, how it is taken from or put into the record, and
+// the condition under which it is written. Most entries are a record field stored
+// under its own name and read back alike (Section::Value, from the field's descriptor,
+// vglobal/fileio/field.h). Where the stored layout differs between the directions, the
+// table holds a write-only entry and a read-only entry instead, spelt out: those are
+// the layout's quirks, and a reviewer sees each of them. One writer and one reader run
+// every table.
 //
 // Map of this file:
-//   1. Entries: WriteEntry / ReadEntry and the factories that build them
+//   1. Entries: WriteEntry / ReadEntry / Entry, the factories that build them, Join
 //   2. Running a table: WriteValues / ReadValues, on an open key or a path
 //   3. Lists: the count value and the numbered sub-keys
 //
@@ -16,13 +19,18 @@
 // value they looked for was present.
 #pragma once
 
+#include <array>
 #include <climits>
 #include <cmath>
+#include <cstddef>
 #include <exception>
 #include <optional>
 #include <span>
+#include <type_traits>
+#include <utility>
 
 #include "vglobal/compat/cstring.h"
+#include "vglobal/fileio/field.h"
 #include "vglobal/settings.h"
 #include "vglobal/settings_store.h"
 
@@ -63,13 +71,78 @@ struct ReadEntry {
   int (*setCheckedInt)(Record&, int);
 };
 
+// The int stored for a double field kept as a whole number: truncated toward zero; a
+// value beyond the int range is stored as the nearest int and NaN as 0, so that no
+// value of the field makes the conversion undefined.
+inline int TruncateForStore(double value) {
+  if (std::isnan(value)) return 0;
+  if (value <= static_cast<double>(INT_MIN)) return INT_MIN;
+  if (value >= static_cast<double>(INT_MAX)) return INT_MAX;
+  return static_cast<int>(value);
+}
+
+// A table row: a value written and read alike, or a write-only or read-only entry.
+template <typename Record>
+struct Entry {
+  enum class Direction { Both, WriteOnly, ReadOnly };
+  WriteEntry<Record> write{};
+  ReadEntry<Record> read{};
+  Direction direction = Direction::Both;
+
+  constexpr Entry(const WriteEntry<Record>& w) : write(w), direction(Direction::WriteOnly) {}
+  constexpr Entry(const ReadEntry<Record>& r) : read(r), direction(Direction::ReadOnly) {}
+  constexpr Entry(const WriteEntry<Record>& w, const ReadEntry<Record>& r) : write(w), read(r) {}
+
+  bool Writes() const { return direction != Direction::ReadOnly; }
+  bool Reads() const { return direction != Direction::WriteOnly; }
+};
+
 // Factories, used as  using S = Section<CComponentIO>;  S::Int(L"Name", getter, when).
 // Lambdas without captures convert to the function pointers.
 template <typename Record>
 struct Section {
   using Write = WriteEntry<Record>;
   using Read = ReadEntry<Record>;
+  using Entry = methoddefaults::Entry<Record>;
   using When = bool (*)(const Record&);
+
+  // A record field, named by its descriptor (&R::Fields::SNThreshold), stored under
+  // `name` (its own name when null) with the field's type: a text, a double, or an int
+  // for whole numbers and enumerations. Written while `when` holds (always when null),
+  // read back unconditionally.
+  template <auto descriptor>
+  static constexpr Entry Value(const wchar_t* name, When when = nullptr) {
+    using T = typename decltype(descriptor())::Value;
+    if (!name) name = descriptor().wideName;
+    if constexpr (std::is_same_v<T, CString>) {
+      return {String(
+                  name, [](const Record& r) { return descriptor().get(r); }, when),
+              ReadString(name, [](Record& r, const CString& v) { descriptor().set(r, v); })};
+    } else if constexpr (std::is_floating_point_v<T>) {
+      return {Double(
+                  name, [](const Record& r) { return descriptor().get(r); }, when),
+              ReadDouble(name, [](Record& r, double v) { descriptor().set(r, v); })};
+    } else {
+      static_assert(std::is_integral_v<T> || std::is_enum_v<T>, "no stored form for this type");
+      return {
+          Int(
+              name, [](const Record& r) { return static_cast<int>(descriptor().get(r)); }, when),
+          ReadInt(name, [](Record& r, int v) { descriptor().set(r, static_cast<T>(v)); })};
+    }
+  }
+  template <auto descriptor>
+  static constexpr Entry Value(When when = nullptr) {
+    return Value<descriptor>(nullptr, when);
+  }
+  // A double field that holds a whole number (a count of points), stored as an int:
+  // truncated when written (TruncateForStore), widened when read.
+  template <auto descriptor>
+  static constexpr Entry WholeValue(When when = nullptr) {
+    const wchar_t* name = descriptor().wideName;
+    return {Int(
+                name, [](const Record& r) { return TruncateForStore(descriptor().get(r)); }, when),
+            ReadInt(name, [](Record& r, int v) { descriptor().set(r, v); })};
+  }
 
   static constexpr Write Int(const wchar_t* name, int (*get)(const Record&), When when = nullptr) {
     return {name, ValueType::Int, get, nullptr, nullptr, when};
@@ -118,22 +191,29 @@ struct Section {
   }
 };
 
+// One table from several, in order: a section whose runs of entries include a group
+// that other sections store alike (the Kiva integrator's values, the traces) joins its
+// own runs and the group's.
+template <typename Record, std::size_t N, std::size_t M, typename... Rest>
+constexpr auto Join(const std::array<Entry<Record>, N>& first,
+                    const std::array<Entry<Record>, M>& second, const Rest&... rest) {
+  const auto joined = [&]<std::size_t... I, std::size_t... J>(std::index_sequence<I...>,
+                                                              std::index_sequence<J...>) {
+    return std::array<Entry<Record>, N + M>{first[I]..., second[J]...};
+  }
+  (std::make_index_sequence<N>(), std::make_index_sequence<M>());
+  if constexpr (sizeof...(Rest) == 0)
+    return joined;
+  else
+    return Join(joined, rest...);
+}
+
 // Truncation toward zero of a stored double, or nullopt when no int can hold it.
 inline std::optional<int> TruncateToInt(double value) {
   if (!std::isfinite(value)) return std::nullopt;
   double t = std::trunc(value);
   if (t < static_cast<double>(INT_MIN) || t > static_cast<double>(INT_MAX)) return std::nullopt;
   return static_cast<int>(t);
-}
-
-// The int stored for a double field kept as a whole number: truncated toward zero; a
-// value beyond the int range is stored as the nearest int and NaN as 0, so that no
-// value of the field makes the conversion undefined.
-inline int TruncateForStore(double value) {
-  if (std::isnan(value)) return 0;
-  if (value <= static_cast<double>(INT_MIN)) return INT_MIN;
-  if (value >= static_cast<double>(INT_MAX)) return INT_MAX;
-  return static_cast<int>(value);
 }
 
 // ---- 2. Running a table ----
@@ -158,10 +238,13 @@ class WriteScope {
   int exceptions_;
 };
 
-// Writes the entries whose condition holds, in table order, into an open key.
+// Writes the entries that write and whose condition holds, in table order, into an
+// open key.
 template <typename Record>
-void WriteValues(CVRegKey& key, const Record& record, std::span<const WriteEntry<Record>> table) {
-  for (const WriteEntry<Record>& e : table) {
+void WriteValues(CVRegKey& key, const Record& record, std::span<const Entry<Record>> table) {
+  for (const Entry<Record>& entry : table) {
+    if (!entry.Writes()) continue;
+    const WriteEntry<Record>& e = entry.write;
     if (e.when && !e.when(record)) continue;
     switch (e.type) {
       case ValueType::Int:
@@ -179,19 +262,21 @@ void WriteValues(CVRegKey& key, const Record& record, std::span<const WriteEntry
 
 // Opens `path` below the current user's root for writing, then writes the entries.
 template <typename Record>
-void WriteValues(const wchar_t* path, const Record& record,
-                 std::span<const WriteEntry<Record>> table) {
+void WriteValues(const wchar_t* path, const Record& record, std::span<const Entry<Record>> table) {
   CVRegKey key(HKEY_CURRENT_USER, path, 1, 1);
   WriteValues(key, record, table);
 }
 
-// Reads every entry in table order from an open key, applying what it finds.
+// Reads every entry that reads, in table order, from an open key, applying what it
+// finds.
 // Returns 1 when every value was present (actions do not count), else 0.
 template <typename Record>
-int ReadValues(CVRegKey& key, Record& record, std::span<const ReadEntry<Record>> table) {
+int ReadValues(CVRegKey& key, Record& record, std::span<const Entry<Record>> table) {
   using Kind = typename ReadEntry<Record>::Kind;
   int complete = 1;
-  for (const ReadEntry<Record>& e : table) {
+  for (const Entry<Record>& entry : table) {
+    if (!entry.Reads()) continue;
+    const ReadEntry<Record>& e = entry.read;
     switch (e.kind) {
       case Kind::Int: {
         int v = 0;
@@ -248,7 +333,7 @@ int ReadValues(CVRegKey& key, Record& record, std::span<const ReadEntry<Record>>
 // Opens `path` below the current user's root for reading (nothing is created), then
 // reads the entries. A missing key fails every value but still runs the actions.
 template <typename Record>
-int ReadValues(const wchar_t* path, Record& record, std::span<const ReadEntry<Record>> table) {
+int ReadValues(const wchar_t* path, Record& record, std::span<const Entry<Record>> table) {
   CVRegKey key(HKEY_CURRENT_USER, path, 0, 0);
   return ReadValues(key, record, table);
 }

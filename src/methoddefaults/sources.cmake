@@ -17,7 +17,7 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/programs.cpp
   ${CMAKE_CURRENT_LIST_DIR}/qual_constraints.cpp
   ${CMAKE_CURRENT_LIST_DIR}/qual_library_search.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/qual_spec_enhance.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/qual_spectrum_enhance.cpp
   ${CMAKE_CURRENT_LIST_DIR}/reports.cpp
   ${CMAKE_CURRENT_LIST_DIR}/summary_reports.cpp
   ${CMAKE_CURRENT_LIST_DIR}/system_suitability.cpp)

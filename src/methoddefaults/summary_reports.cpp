@@ -1,5 +1,7 @@
 // The "Summary Reports" section: the summary reports of the user's default method, one
 // row each.
+#include <array>
+
 #include "methoddefaults/row_list.h"
 #include "vglobal/methoddefaults/reports.h"
 
@@ -8,24 +10,19 @@ namespace {
 using R = CSummaryReport;
 using S = vglobal::methoddefaults::Section<R>;
 
-const S::Write kWrite[] = {
-    S::Int(L"Enabled", [](const R& r) { return r.Enabled(); }),
-    S::Int(L"SaveAsType", [](const R& r) { return r.SaveAsType(); }),
-    S::String(L"Name", [](const R& r) { return r.Name(); }),
-};
+using F = R::Fields;
 
-const S::Read kRead[] = {
-    S::ReadInt(L"Enabled", [](R& r, int v) { r.Enabled(v); }),
-    S::ReadInt(L"SaveAsType", [](R& r, int v) { r.SaveAsType(v); }),
-    S::ReadString(L"Name", [](R& r, const CString& v) { r.Name(v); }),
-};
+constexpr auto kRow = std::to_array<S::Entry>({
+    S::Value<&F::Enabled>(),
+    S::Value<&F::SaveAsType>(),
+    S::Value<&F::Name>(),
+});
 
 const vglobal::methoddefaults::RowSection<R> kSection = {
     .path = L"Processing Setup\\Defaults\\Summary Reports",
     // The same count name as the sample reports: stores have always kept it so.
     .countName = L"NumReports",
-    .write = kWrite,
-    .read = kRead,
+    .entries = kRow,
     .size = [](const CProcMethod& m) { return m.NumSummaryReports(); },
     .get = [](const CProcMethod& m, int i) -> const R& { return m.GetSummaryReport(i); },
     .add = [](CProcMethod& m, const R& r) { m.AddSummaryReport(r); },

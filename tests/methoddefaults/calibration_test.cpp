@@ -8,6 +8,7 @@
 #include <climits>
 #include <string>
 
+#include "populate.h"
 #include "stored_layout.h"
 #include "vglobal/fileio/component.h"
 #include "vglobal/settings.h"
@@ -58,17 +59,10 @@ CLevel MakeLevel(const wchar_t* name, double amount, int replicates) {
 }
 
 void ExpectSameLevel(const CLevel& got, const CLevel& want) {
-  EXPECT_EQ(got.LevelName(), want.LevelName());
-  EXPECT_EQ(got.BaseAmount(), want.BaseAmount());
-  EXPECT_EQ(got.TestPercent(), want.TestPercent());
+  vglobal::testing::ExpectSameFields(got, want);
   ASSERT_EQ(got.NumReplicates(), want.NumReplicates());
-  for (int i = 0; i < want.NumReplicates(); ++i) {
-    EXPECT_EQ(got[i].Amount(), want[i].Amount());
-    EXPECT_EQ(got[i].Height(), want[i].Height());
-    EXPECT_EQ(got[i].Area(), want[i].Area());
-    EXPECT_EQ(got[i].ExcludeFromCalibration(), want[i].ExcludeFromCalibration());
-    EXPECT_EQ(got[i].ResultFileName(), want[i].ResultFileName());
-  }
+  for (int i = 0; i < want.NumReplicates(); ++i)
+    vglobal::testing::ExpectSameFields(got[i], want[i]);
 }
 
 // ---- Calibration ----

@@ -9,7 +9,7 @@
 #include "stored_layout.h"
 #include "vglobal/fileio/constraints.h"
 #include "vglobal/fileio/library_search.h"
-#include "vglobal/fileio/spec_enhance.h"
+#include "vglobal/fileio/spectrum_enhance.h"
 #include "vglobal/methoddefaults/qual.h"
 #include "vglobal/settings.h"
 

@@ -19,6 +19,20 @@
 #include "vglobal/export.h"
 #include "vglobal/fileio/field.h"
 
+// The fields of CAuditData, in record order: FIELD(type, name, starting value).
+#define VG_AUDIT_DATA_FIELDS(FIELD)                                             \
+  /* When the record was made (file time, nanoseconds since 1970-01-01 UTC). */ \
+  FIELD(CTime, Time, CTime())                                                   \
+  /* The user name typed when the record was made. */                           \
+  FIELD(CString, WhoAuditedId, L"")                                             \
+  /* The operating-system logon name of the user who made the record. */        \
+  FIELD(CString, WhoAuditedLogon, L"")                                          \
+  /* The reason for the change, as the user gave it. */                         \
+  FIELD(CString, Comment, L"")                                                  \
+  /* The two halves of the change mask. */                                      \
+  FIELD(DWORD, ChangeMaskLow, 0)                                                \
+  FIELD(DWORD, ChangeMaskHigh, 0)
+
 class VGLOBAL_EXPORT CAuditData {
  public:
   // Longest texts a record of a trail holds (characters); CAuditTrail::AddAudit refuses
@@ -26,17 +40,7 @@ class VGLOBAL_EXPORT CAuditData {
   static constexpr int kMaxNameLength = 256;
   static constexpr int kMaxCommentLength = 4096;
 
-  // When the record was made (file time, nanoseconds since 1970-01-01 UTC).
-  VG_FIELD(CTime, Time, CTime())
-  // The user name typed when the record was made.
-  VG_STRING_FIELD(WhoAuditedId, L"")
-  // The operating-system logon name of the user who made the record.
-  VG_STRING_FIELD(WhoAuditedLogon, L"")
-  // The reason for the change, as the user gave it.
-  VG_STRING_FIELD(Comment, L"")
-  // The two halves of the change mask.
-  VG_FIELD(DWORD, ChangeMaskLow, 0)
-  VG_FIELD(DWORD, ChangeMaskHigh, 0)
+  VG_RECORD_FIELDS(CAuditData, VG_AUDIT_DATA_FIELDS)
 
  public:
   std::uint64_t ChangeMask() const {

@@ -17,4 +17,12 @@ class VGLOBAL_EXPORT CComponentIO : public vglobal::ComponentIdentification,
   CComponentIO(const CComponentIO&) = default;
   CComponentIO& operator=(const CComponentIO&) = default;
   virtual ~CComponentIO() = default;
+
+  // Every field of the three pages, page by page in list order (see field.h).
+  template <typename Visit>
+  static void ForEachField(Visit&& visit) {
+    vglobal::ComponentIdentification::ForEachField(visit);
+    vglobal::ComponentCalibration::ForEachField(visit);
+    vglobal::ComponentFlags::ForEachField(visit);
+  }
 };

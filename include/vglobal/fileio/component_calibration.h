@@ -1,16 +1,19 @@
 // The calibration fields of a quantitation component (CComponentIO): the component's
 // type, its calibration curve, its internal-standard amount, its calibration, QC and
-// surrogate levels with their replicates, the surrogate spike limits, and the
-// reference spectrum that the component kept under a named key carries (the retention
-// time the user entered, the mass list with its fit threshold, the mass ranges).
-// Starting values come from record_defaults.h ("Component: calibration, levels and
-// replicates"); every list starts empty.
+// surrogate levels with their replicates, the surrogate spike limits, and the reference
+// spectrum that the component kept under a named key carries (the retention time the
+// user entered, the mass list with its fit threshold, the mass ranges). Starting values
+// are the third column of the field list. A new component is a target compound on a
+// linear curve with equal weighting, built from peak areas, with no levels yet; an
+// internal standard's amount starts at 1 so that a ratio against it is defined;
+// surrogate spikes are accepted between 80 and 120 percent recovery; every list starts
+// empty.
 //
 // Lists: NumXxx() is the length; NumXxx(n) resizes (the first elements stay, new ones
 // are default records, a negative n empties the list: callers that take n from outside
 // bound it first, since the list is allocated at once); GetXxx(i) gives the element by
-// reference and throws std::out_of_range for an index outside the list; AddXxx appends
-// a copy and returns its index. Copy and assignment copy every list.
+// reference and throws std::out_of_range for an index outside the list; AddXxx appends a
+// copy and returns its index. Copy and assignment copy every list.
 #pragma once
 
 #include <cstddef>
@@ -20,35 +23,42 @@
 #include "vglobal/fileio/field.h"
 #include "vglobal/fileio/level.h"
 #include "vglobal/fileio/mass_list.h"
-#include "vglobal/fileio/record_defaults.h"
 
 namespace vglobal {
 
+// The fields of ComponentCalibration, in record order: FIELD(type, name, starting value).
+#define VG_COMPONENT_CALIBRATION_FIELDS(FIELD)                                                   \
+  /* ---- type and calibration curve ---- Component type index: 0 target compound, 1 internal    \
+   * standard, 4 surrogate; other values belong to kinds of component that keep no levels. */    \
+  FIELD(int, Type, 0)                                                                            \
+  FIELD(double, ISTDBaseAmount, 1.0)                                                             \
+  FIELD(CString, ISTDUnits, L"")                                                                 \
+  /* linear */                                                                                   \
+  FIELD(int, CurveIndex, 0)                                                                      \
+  /* the origin is ignored */                                                                    \
+  FIELD(int, OriginIndex, 0)                                                                     \
+  /* equal weights */                                                                            \
+  FIELD(int, WeightingIndex, 0)                                                                  \
+  /* area */                                                                                     \
+  FIELD(int, ResponseIndex, 0)                                                                   \
+  FIELD(CString, CalibrationUnits, L"")                                                          \
+  FIELD(CString, ReportUnits, L"")                                                               \
+  /* Cross-contributions between the target and its internal standard, in percent. */            \
+  FIELD(double, PercentISTDInTarget, 0.0)                                                        \
+  FIELD(double, PercentTargetInISTD, 0.0)                                                        \
+  /* ---- surrogate spike ---- */                                                                \
+  FIELD(double, SpikeAmount, 0.0)                                                                \
+  /* percent */                                                                                  \
+  FIELD(double, SpikeUpperRecovery, 120.0)                                                       \
+  /* percent */                                                                                  \
+  FIELD(double, SpikeLowerRecovery, 80.0)                                                        \
+  /* ---- reference spectrum ---- The retention time the user typed (0: none yet) and the least  \
+   * spectral fit, as a fraction of a perfect match, that the reference mass list must reach. */ \
+  FIELD(double, UserEnteredRT, 0.0)                                                              \
+  FIELD(double, FitThreshold, 0.8)
+
 class VGLOBAL_EXPORT ComponentCalibration {
-  // ---- type and calibration curve ----
-  // Component type index: 0 target compound, 1 internal standard, 4 surrogate; other
-  // values belong to kinds of component that keep no levels.
-  VG_FIELD(int, Type, record_defaults::kComponentType)
-  VG_FIELD(double, ISTDBaseAmount, record_defaults::kISTDBaseAmount)
-  VG_STRING_FIELD(ISTDUnits, record_defaults::kISTDUnits)
-  VG_FIELD(int, CurveIndex, record_defaults::kCurveIndex)
-  VG_FIELD(int, OriginIndex, record_defaults::kOriginIndex)
-  VG_FIELD(int, WeightingIndex, record_defaults::kWeightingIndex)
-  VG_FIELD(int, ResponseIndex, record_defaults::kResponseIndex)
-  VG_STRING_FIELD(CalibrationUnits, record_defaults::kCalibrationUnits)
-  VG_STRING_FIELD(ReportUnits, record_defaults::kReportUnits)
-  // Cross-contributions between the target and its internal standard, in percent.
-  VG_FIELD(double, PercentISTDInTarget, record_defaults::kPercentISTDInTarget)
-  VG_FIELD(double, PercentTargetInISTD, record_defaults::kPercentTargetInISTD)
-
-  // ---- surrogate spike ----
-  VG_FIELD(double, SpikeAmount, record_defaults::kSpikeAmount)
-  VG_FIELD(double, SpikeUpperRecovery, record_defaults::kSpikeUpperRecovery)
-  VG_FIELD(double, SpikeLowerRecovery, record_defaults::kSpikeLowerRecovery)
-
-  // ---- reference spectrum ----
-  VG_FIELD(double, UserEnteredRT, record_defaults::kUserEnteredRT)
-  VG_FIELD(double, FitThreshold, record_defaults::kFitThreshold)
+  VG_RECORD_FIELDS(ComponentCalibration, VG_COMPONENT_CALIBRATION_FIELDS)
 
  public:
   // ---- calibration levels ----

@@ -1,50 +1,63 @@
 // The acceptance limits of a quantitation component (CComponentIO): when a peak's area
 // or height is flagged, when its calibration is flagged, and the system-suitability
-// checks with their limits. Starting values come from record_defaults.h ("Component:
-// flags and system suitability").
+// checks with their limits. Starting values are the third column of the field list. Area
+// and height flags are off (threshold 0); a calibration is flagged below an r squared of
+// 0.99 or beyond 20 percent non-linearity; detection, quantitation and carry-over limits
+// are left to the lab (0). The system-suitability checks are off; their limits follow
+// common chromatographic practice: resolution 2, symmetry and widths measured at half
+// height, tailing at 10 percent height failing above 2, at least 2000 theoretical
+// plates, signal-to-noise 10. The values that are stored as integers are whole numbers,
+// so that they keep their value through the store.
 #pragma once
 
 #include "vglobal/export.h"
 #include "vglobal/fileio/field.h"
-#include "vglobal/fileio/record_defaults.h"
 
 namespace vglobal {
 
+// The fields of ComponentFlags, in record order: FIELD(type, name, starting value).
+#define VG_COMPONENT_FLAGS_FIELDS(FIELD)                                                           \
+  /* ---- detection flags ---- */                                                                  \
+  FIELD(double, AreaFlagThreshold, 0.0)                                                            \
+  FIELD(double, HeightFlagThreshold, 0.0)                                                          \
+  FIELD(double, AreaFlagPercentThreshold, 0.0)                                                     \
+  FIELD(double, HeightFlagPercentThreshold, 0.0)                                                   \
+  /* ---- calibration flags ---- */                                                                \
+  FIELD(double, R_Squared, 0.99)                                                                   \
+  FIELD(double, LimitDetection, 0.0)                                                               \
+  FIELD(double, LimitQuantitation, 0.0)                                                            \
+  /* percent */                                                                                    \
+  FIELD(double, LinearityLimit, 20.0)                                                              \
+  FIELD(double, CarryOverLimit, 0.0)                                                               \
+  /* ---- system suitability: which check groups run (0/1) ---- */                                 \
+  FIELD(int, ResolutionChecksEnabled, 0)                                                           \
+  FIELD(int, SymmetryChecksEnabled, 0)                                                             \
+  FIELD(int, PeakClassificationChecksEnabled, 0)                                                   \
+  /* ---- system suitability: limits ---- ResThreshold, SymmetryTake, SymmetryThreshold,           \
+   * DetectWidth, TailingMeasured, ColumnMeasure and DetectSignalToNoise are kept as whole numbers \
+   * in the settings store; their fractions do not survive a save as default. */                   \
+  FIELD(double, ResThreshold, 2.0)                                                                 \
+  /* percent of the peak height */                                                                 \
+  FIELD(double, SymmetryTake, 50.0)                                                                \
+  /* percent */                                                                                    \
+  FIELD(double, SymmetryThreshold, 80.0)                                                           \
+  FIELD(double, MinPeakWidth, 0.0)                                                                 \
+  FIELD(double, MaxPeakWidth, 1.0)                                                                 \
+  /* percent of the peak height */                                                                 \
+  FIELD(double, DetectWidth, 50.0)                                                                 \
+  /* percent of the peak height */                                                                 \
+  FIELD(double, TailingMeasured, 10.0)                                                             \
+  FIELD(double, TailingFailureThreshold, 2.0)                                                      \
+  /* percent of the peak height */                                                                 \
+  FIELD(double, ColumnMeasure, 50.0)                                                               \
+  /* theoretical plates */                                                                         \
+  FIELD(double, ColumnFailureThreshold, 2000.0)                                                    \
+  /* percent */                                                                                    \
+  FIELD(double, BaselineClipping, 10.0)                                                            \
+  FIELD(double, DetectSignalToNoise, 10.0)
+
 class VGLOBAL_EXPORT ComponentFlags {
-  // ---- detection flags ----
-  VG_FIELD(double, AreaFlagThreshold, record_defaults::kAreaFlagThreshold)
-  VG_FIELD(double, HeightFlagThreshold, record_defaults::kHeightFlagThreshold)
-  VG_FIELD(double, AreaFlagPercentThreshold, record_defaults::kAreaFlagPercentThreshold)
-  VG_FIELD(double, HeightFlagPercentThreshold, record_defaults::kHeightFlagPercentThreshold)
-
-  // ---- calibration flags ----
-  VG_FIELD(double, R_Squared, record_defaults::kR_Squared)
-  VG_FIELD(double, LimitDetection, record_defaults::kLimitDetection)
-  VG_FIELD(double, LimitQuantitation, record_defaults::kLimitQuantitation)
-  VG_FIELD(double, LinearityLimit, record_defaults::kLinearityLimit)
-  VG_FIELD(double, CarryOverLimit, record_defaults::kCarryOverLimit)
-
-  // ---- system suitability: which check groups run (0/1) ----
-  VG_FIELD(int, ResolutionChecksEnabled, record_defaults::kResolutionChecksEnabled)
-  VG_FIELD(int, SymmetryChecksEnabled, record_defaults::kSymmetryChecksEnabled)
-  VG_FIELD(int, PeakClassificationChecksEnabled, record_defaults::kPeakClassificationChecksEnabled)
-
-  // ---- system suitability: limits ----
-  // ResThreshold, SymmetryTake, SymmetryThreshold, DetectWidth, TailingMeasured,
-  // ColumnMeasure and DetectSignalToNoise are kept as whole numbers in the settings
-  // store; their fractions do not survive a save as default.
-  VG_FIELD(double, ResThreshold, record_defaults::kResThreshold)
-  VG_FIELD(double, SymmetryTake, record_defaults::kSymmetryTake)
-  VG_FIELD(double, SymmetryThreshold, record_defaults::kSymmetryThreshold)
-  VG_FIELD(double, MinPeakWidth, record_defaults::kMinPeakWidth)
-  VG_FIELD(double, MaxPeakWidth, record_defaults::kMaxPeakWidth)
-  VG_FIELD(double, DetectWidth, record_defaults::kDetectWidth)
-  VG_FIELD(double, TailingMeasured, record_defaults::kTailingMeasured)
-  VG_FIELD(double, TailingFailureThreshold, record_defaults::kTailingFailureThreshold)
-  VG_FIELD(double, ColumnMeasure, record_defaults::kColumnMeasure)
-  VG_FIELD(double, ColumnFailureThreshold, record_defaults::kColumnFailureThreshold)
-  VG_FIELD(double, BaselineClipping, record_defaults::kBaselineClipping)
-  VG_FIELD(double, DetectSignalToNoise, record_defaults::kDetectSignalToNoise)
+  VG_RECORD_FIELDS(ComponentFlags, VG_COMPONENT_FLAGS_FIELDS)
 };
 
 }  // namespace vglobal

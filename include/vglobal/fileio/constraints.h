@@ -1,19 +1,25 @@
 // The library-search constraints of a processing method (CConstraints): a molecular-
-// weight window, a name fragment, membership of nine reference databases, constraints
-// on the elements of a compound (each a CIndividualConstraint) and on the ions of its
-// spectrum (each a CIonConstraint). Every group has its switch; the record carries
-// every group whatever the switches say. The codes ElementsMethod, IonConstraintMethod,
-// Condition and Type are carried, not interpreted. Starting values come from
-// record_defaults.h ("Qualitative"); both lists start empty. Copy and assignment copy
-// every field, the lists included.
+// weight window, a name fragment, membership of nine reference databases, constraints on
+// the elements of a compound (each a CIndividualConstraint) and on the ions of its
+// spectrum (each a CIonConstraint). Every group has its switch; the record carries every
+// group whatever the switches say. The codes ElementsMethod, IonConstraintMethod,
+// Condition and Type are carried, not interpreted. Starting values are the third column
+// of the field list. A new method has every constraint switched off; the values behind
+// the switches are what the editor shows when a user turns one on: the whole molecular-
+// weight range up to 1000, ion abundances of 0 to 100 %; both lists start empty. Copy
+// and assignment copy every field, the lists included.
 #pragma once
 
 #include "vglobal/compat/collections.h"
 #include "vglobal/export.h"
 #include "vglobal/fileio/field.h"
-#include "vglobal/fileio/record_defaults.h"
 
 // One element constraint: the element symbol, a comparison code and a count.
+// The fields of CIndividualConstraint, in record order: FIELD(type, name, starting value).
+#define VG_INDIVIDUAL_CONSTRAINT_FIELDS(FIELD) \
+  FIELD(int, Condition, 0)                     \
+  FIELD(int, Value, 0)
+
 class VGLOBAL_EXPORT CIndividualConstraint {
  public:
   // The element symbol: at most two characters ("C", "Na").
@@ -23,8 +29,7 @@ class VGLOBAL_EXPORT CIndividualConstraint {
   int Element(const wchar_t* symbol);
   int Element(const CString& symbol);
 
-  VG_FIELD(int, Condition, vglobal::record_defaults::kIndConstraintCondition)
-  VG_FIELD(int, Value, vglobal::record_defaults::kIndConstraintValue)
+  VG_RECORD_FIELDS(CIndividualConstraint, VG_INDIVIDUAL_CONSTRAINT_FIELDS)
 
  public:
   // The longest element symbol, in characters.
@@ -37,36 +42,44 @@ class VGLOBAL_EXPORT CIndividualConstraint {
 };
 
 // One ion constraint: a constraint code, the ion's m/z and an abundance range.
+// The fields of CIonConstraint, in record order: FIELD(type, name, starting value).
+#define VG_ION_CONSTRAINT_FIELDS(FIELD) \
+  FIELD(int, Type, 0)                   \
+  FIELD(int, MZ, 0)                     \
+  /* relative abundance, percent */     \
+  FIELD(int, From, 0)                   \
+  FIELD(int, To, 100)
+
 class VGLOBAL_EXPORT CIonConstraint {
-  VG_FIELD(int, Type, vglobal::record_defaults::kIonConstraintType)
-  VG_FIELD(int, MZ, vglobal::record_defaults::kIonConstraintMZ)
-  VG_FIELD(int, From, vglobal::record_defaults::kIonConstraintFrom)
-  VG_FIELD(int, To, vglobal::record_defaults::kIonConstraintTo)
+  VG_RECORD_FIELDS(CIonConstraint, VG_ION_CONSTRAINT_FIELDS)
 };
 
+// The fields of CConstraints, in record order: FIELD(type, name, starting value).
+#define VG_CONSTRAINTS_FIELDS(FIELD)                                  \
+  FIELD(int, MolWtEnabled, 0)                                         \
+  FIELD(int, MnMolWt, 0)                                              \
+  FIELD(int, MaxMolWt, 1000)                                          \
+  FIELD(int, NameFragmentEnabled, 0)                                  \
+  /* The database switches take effect only while DBEnabled is on. */ \
+  FIELD(int, DBEnabled, 0)                                            \
+  FIELD(int, FineEnabled, 0)                                          \
+  FIELD(int, EPAEnabled, 0)                                           \
+  FIELD(int, NIHEnabled, 0)                                           \
+  FIELD(int, TSCAEnabled, 0)                                          \
+  FIELD(int, USPEnabled, 0)                                           \
+  FIELD(int, EINECSEnabled, 0)                                        \
+  FIELD(int, RTECSEnabled, 0)                                         \
+  FIELD(int, HODOCEnabled, 0)                                         \
+  FIELD(int, IREnabled, 0)                                            \
+  FIELD(int, ElementConstraintsEnabled, 0)                            \
+  FIELD(int, ElementsMethod, 0)                                       \
+  FIELD(int, IonConstraintsEnabled, 0)                                \
+  FIELD(int, IonConstraintMethod, 0)                                  \
+  FIELD(CString, FragmentName, L"")                                   \
+  FIELD(CString, ElementInCompound, L"")
+
 class VGLOBAL_EXPORT CConstraints {
-  VG_FIELD(int, MolWtEnabled, vglobal::record_defaults::kConstraintMolWtEnabled)
-  VG_FIELD(int, MnMolWt, vglobal::record_defaults::kConstraintMnMolWt)
-  VG_FIELD(int, MaxMolWt, vglobal::record_defaults::kConstraintMaxMolWt)
-  VG_FIELD(int, NameFragmentEnabled, vglobal::record_defaults::kConstraintNameFragmentEnabled)
-  // The database switches take effect only while DBEnabled is on.
-  VG_FIELD(int, DBEnabled, vglobal::record_defaults::kConstraintDBEnabled)
-  VG_FIELD(int, FineEnabled, vglobal::record_defaults::kConstraintDatabaseEnabled)
-  VG_FIELD(int, EPAEnabled, vglobal::record_defaults::kConstraintDatabaseEnabled)
-  VG_FIELD(int, NIHEnabled, vglobal::record_defaults::kConstraintDatabaseEnabled)
-  VG_FIELD(int, TSCAEnabled, vglobal::record_defaults::kConstraintDatabaseEnabled)
-  VG_FIELD(int, USPEnabled, vglobal::record_defaults::kConstraintDatabaseEnabled)
-  VG_FIELD(int, EINECSEnabled, vglobal::record_defaults::kConstraintDatabaseEnabled)
-  VG_FIELD(int, RTECSEnabled, vglobal::record_defaults::kConstraintDatabaseEnabled)
-  VG_FIELD(int, HODOCEnabled, vglobal::record_defaults::kConstraintDatabaseEnabled)
-  VG_FIELD(int, IREnabled, vglobal::record_defaults::kConstraintDatabaseEnabled)
-  VG_FIELD(int, ElementConstraintsEnabled,
-           vglobal::record_defaults::kConstraintElementConstraintsEnabled)
-  VG_FIELD(int, ElementsMethod, vglobal::record_defaults::kConstraintElementsMethod)
-  VG_FIELD(int, IonConstraintsEnabled, vglobal::record_defaults::kConstraintIonConstraintsEnabled)
-  VG_FIELD(int, IonConstraintMethod, vglobal::record_defaults::kConstraintIonConstraintMethod)
-  VG_STRING_FIELD(FragmentName, vglobal::record_defaults::kConstraintFragmentName)
-  VG_STRING_FIELD(ElementInCompound, vglobal::record_defaults::kConstraintElementInCompound)
+  VG_RECORD_FIELDS(CConstraints, VG_CONSTRAINTS_FIELDS)
 
  public:
   CConstraints() = default;

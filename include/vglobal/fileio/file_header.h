@@ -22,6 +22,18 @@
 #include "vglobal/export.h"
 #include "vglobal/fileio/field.h"
 
+// The fields of CHeader, in record order: FIELD(type, name, starting value).
+#define VG_HEADER_FIELDS(FIELD)                                                                    \
+  FIELD(WORD, FileType, kSuiteFileType)                                                            \
+  FIELD(CTime, CreationDate, CTime())                                                              \
+  FIELD(CTime, ModificationDate, CTime())                                                          \
+  /* How many times the file was saved after the save that created it (16-bit, stops at 65535). */ \
+  FIELD(WORD, NumTimesSaved, 0)                                                                    \
+  FIELD(CString, WhoCreatedId, L"")                                                                \
+  FIELD(CString, WhoCreatedLogon, L"")                                                             \
+  FIELD(CString, WhoChangedId, L"")                                                                \
+  FIELD(CString, WhoChangedLogon, L"")
+
 class VGLOBAL_EXPORT CHeader {
  public:
   // The file-type word of the suite's own data files.
@@ -31,16 +43,7 @@ class VGLOBAL_EXPORT CHeader {
   static constexpr int kMaxNameLength = 256;
   static constexpr int kMaxDescLength = 4096;
 
-  VG_FIELD(WORD, FileType, kSuiteFileType)
-  VG_FIELD(CTime, CreationDate, CTime())
-  VG_FIELD(CTime, ModificationDate, CTime())
-  // How many times the file was saved after the save that created it (16-bit, stops
-  // at 65535).
-  VG_FIELD(WORD, NumTimesSaved, 0)
-  VG_STRING_FIELD(WhoCreatedId, L"")
-  VG_STRING_FIELD(WhoCreatedLogon, L"")
-  VG_STRING_FIELD(WhoChangedId, L"")
-  VG_STRING_FIELD(WhoChangedLogon, L"")
+  VG_RECORD_FIELDS(CHeader, VG_HEADER_FIELDS)
 
  public:
   // The user's description of the file.

@@ -111,7 +111,7 @@ class VGLOBAL_EXPORT CFilter {
 class VGLOBAL_EXPORT CVC_FilterStruct {
  public:
   CVC_FilterStruct() = default;
-  CVC_FilterStruct(int /*legacy*/, int /*legacy*/, int /*legacy*/) {}
+  CVC_FilterStruct(int /* legacy */, int /* legacy */, int /* legacy */) {}
 
   // Parses `text` (null is the empty text). `options` is reserved (the processing
   // method passes -1). Returns nonzero on success; then ToCFilter() gives the parsed

@@ -1,11 +1,13 @@
-// Calibration levels of a quantitation component (CLevel) and the measured replicates
-// of a level (CReplicate).
+// Calibration levels of a quantitation component (CLevel) and the measured replicates of
+// a level (CReplicate).
 //
 // A level is one known amount of the compound (its base amount) with a name and the
 // percentage by which a measured amount may deviate from it; its replicates are the
 // injections measured at that amount. Both records copy every field, replicates
-// included. Starting values come from record_defaults.h ("Component: calibration,
-// levels and replicates").
+// included. Starting values are the third column of the field list. A new component is a
+// target compound on a linear curve with equal weighting, built from peak areas, with no
+// levels yet; an internal standard's amount starts at 1 so that a ratio against it is
+// defined; surrogate spikes are accepted between 80 and 120 percent recovery.
 #pragma once
 
 #include <cstddef>
@@ -13,21 +15,30 @@
 
 #include "vglobal/export.h"
 #include "vglobal/fileio/field.h"
-#include "vglobal/fileio/record_defaults.h"
+
+// The fields of CReplicate, in record order: FIELD(type, name, starting value).
+#define VG_REPLICATE_FIELDS(FIELD)                                                  \
+  /* A replicate: nothing measured yet, used in the calibration, no result file. */ \
+  FIELD(double, Amount, 0.0)                                                        \
+  FIELD(double, Height, 0.0)                                                        \
+  FIELD(double, Area, 0.0)                                                          \
+  /* 1: this injection is left out of the calibration curve. */                     \
+  FIELD(int, ExcludeFromCalibration, 0)                                             \
+  FIELD(CString, ResultFileName, L"")
 
 class VGLOBAL_EXPORT CReplicate {
-  VG_FIELD(double, Amount, vglobal::record_defaults::kReplicateAmount)
-  VG_FIELD(double, Height, vglobal::record_defaults::kReplicateHeight)
-  VG_FIELD(double, Area, vglobal::record_defaults::kReplicateArea)
-  // 1: this injection is left out of the calibration curve.
-  VG_FIELD(int, ExcludeFromCalibration, vglobal::record_defaults::kReplicateExcludeFromCalibration)
-  VG_STRING_FIELD(ResultFileName, vglobal::record_defaults::kReplicateResultFileName)
+  VG_RECORD_FIELDS(CReplicate, VG_REPLICATE_FIELDS)
 };
 
+// The fields of CLevel, in record order: FIELD(type, name, starting value).
+#define VG_LEVEL_FIELDS(FIELD)                                                 \
+  /* A level: unnamed, amount 0, checked against a deviation of 20 percent. */ \
+  FIELD(CString, LevelName, L"")                                               \
+  FIELD(double, BaseAmount, 0.0)                                               \
+  FIELD(double, TestPercent, 20.0)
+
 class VGLOBAL_EXPORT CLevel {
-  VG_STRING_FIELD(LevelName, vglobal::record_defaults::kLevelName)
-  VG_FIELD(double, BaseAmount, vglobal::record_defaults::kLevelBaseAmount)
-  VG_FIELD(double, TestPercent, vglobal::record_defaults::kLevelTestPercent)
+  VG_RECORD_FIELDS(CLevel, VG_LEVEL_FIELDS)
 
  public:
   CLevel() = default;

@@ -1,35 +1,42 @@
 // The library-search options of a processing method (CLibrarySearchOptions): the kind of
 // search (0 identity, 1 similarity) with the mode of each, the molecular-weight and
 // reverse searches, an optional user library with its match thresholds, the mass-defect
-// correction, and the list of libraries searched, in search order. Starting values come
-// from record_defaults.h ("Qualitative"); the search list starts empty. Copy and
-// assignment copy every field, the search list included.
+// correction, and the list of libraries searched, in search order. Starting values are
+// the third column of the field list. A new method searches the library by identity,
+// keeping 10 hits; the search list starts empty. Copy and assignment copy every field,
+// the search list included.
 #pragma once
 
 #include "vglobal/compat/collections.h"
 #include "vglobal/export.h"
 #include "vglobal/fileio/field.h"
-#include "vglobal/fileio/record_defaults.h"
+
+// The fields of CLibrarySearchOptions, in record order: FIELD(type, name, starting value).
+#define VG_LIBRARY_SEARCH_OPTIONS_FIELDS(FIELD)                            \
+  /* Used when SearchType is 1 and 0 respectively. */                      \
+  FIELD(int, SimilarityMode, 0)                                            \
+  FIELD(int, IdentityMode, 0)                                              \
+  /* identity search */                                                    \
+  FIELD(int, SearchType, 0)                                                \
+  FIELD(int, SearchMWEnabled, 0)                                           \
+  FIELD(int, ReverseSearch, 0)                                             \
+  FIELD(int, AppendUserLib, 0)                                             \
+  FIELD(int, SearchMW, 0)                                                  \
+  FIELD(double, NumMaxHits, 10.0)                                          \
+  /* Match thresholds of 0 keep every hit of the appended user library. */ \
+  FIELD(int, MatchFactor, 0)                                               \
+  FIELD(int, ReverseMatchFactor, 0)                                        \
+  FIELD(int, ProbabilityPercent, 0)                                        \
+  /* No mass-defect correction: both defects are 0. */                     \
+  FIELD(int, ApplyMassDefect, 0)                                           \
+  FIELD(int, Defect1, 0)                                                   \
+  FIELD(int, Defect2, 0)                                                   \
+  FIELD(double, DefectMass1, 0.0)                                          \
+  FIELD(double, DefectMass2, 0.0)                                          \
+  FIELD(CString, UserLibrary, L"")
 
 class VGLOBAL_EXPORT CLibrarySearchOptions {
-  // Used when SearchType is 1 and 0 respectively.
-  VG_FIELD(int, SimilarityMode, vglobal::record_defaults::kLibSimilarityMode)
-  VG_FIELD(int, IdentityMode, vglobal::record_defaults::kLibIdentityMode)
-  VG_FIELD(int, SearchType, vglobal::record_defaults::kLibSearchType)
-  VG_FIELD(int, SearchMWEnabled, vglobal::record_defaults::kLibSearchMWEnabled)
-  VG_FIELD(int, ReverseSearch, vglobal::record_defaults::kLibReverseSearch)
-  VG_FIELD(int, AppendUserLib, vglobal::record_defaults::kLibAppendUserLib)
-  VG_FIELD(int, SearchMW, vglobal::record_defaults::kLibSearchMW)
-  VG_FIELD(double, NumMaxHits, vglobal::record_defaults::kLibNumMaxHits)
-  VG_FIELD(int, MatchFactor, vglobal::record_defaults::kLibMatchFactor)
-  VG_FIELD(int, ReverseMatchFactor, vglobal::record_defaults::kLibReverseMatchFactor)
-  VG_FIELD(int, ProbabilityPercent, vglobal::record_defaults::kLibProbabilityPercent)
-  VG_FIELD(int, ApplyMassDefect, vglobal::record_defaults::kLibApplyMassDefect)
-  VG_FIELD(int, Defect1, vglobal::record_defaults::kLibDefect1)
-  VG_FIELD(int, Defect2, vglobal::record_defaults::kLibDefect2)
-  VG_FIELD(double, DefectMass1, vglobal::record_defaults::kLibDefectMass1)
-  VG_FIELD(double, DefectMass2, vglobal::record_defaults::kLibDefectMass2)
-  VG_STRING_FIELD(UserLibrary, vglobal::record_defaults::kLibUserLibrary)
+  VG_RECORD_FIELDS(CLibrarySearchOptions, VG_LIBRARY_SEARCH_OPTIONS_FIELDS)
 
  public:
   CLibrarySearchOptions() = default;

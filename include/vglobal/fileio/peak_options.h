@@ -1,13 +1,23 @@
 // How a chromatogram view labels and shows its peaks (CPeakOptions): a set of flag bits
-// and the excess display width, the time added at both ends of a peak when it is
-// shown. Starting values come from record_defaults.h ("Peak detection and method-wide
-// options"). Copy and assignment copy every field.
+// and the excess display width, the time added at both ends of a peak when it is shown.
+// Starting values are the third column of the field list. A new chromatogram is taken
+// from the mass spectrometer and its peaks are found as a new component's are (the
+// values shared with the component are the same constants). The algorithm is not listed:
+// it follows the detector through GetArvenisDefaultPeakDetectionTypeForDevice. The
+// advanced values sit where the advanced-options dialogs open.. Copy and assignment copy
+// every field.
 #pragma once
 
 #include "vglobal/compat/types.h"
 #include "vglobal/export.h"
 #include "vglobal/fileio/field.h"
-#include "vglobal/fileio/record_defaults.h"
+
+// The fields of CPeakOptions, in record order: FIELD(type, name, starting value).
+#define VG_PEAK_OPTIONS_FIELDS(FIELD)                                               \
+  /* Peak labelling in chromatogram views: retention-time labels only, no widening. \
+   * CPeakOptions::ShowRetentionTimeLabels */                                       \
+  FIELD(int, Flags, 1)                                                              \
+  FIELD(double, ExcessDisplayWidth, 0.0)
 
 class VGLOBAL_EXPORT CPeakOptions {
  public:
@@ -20,8 +30,7 @@ class VGLOBAL_EXPORT CPeakOptions {
     ShowPeakBaselines = 8,
   };
 
-  VG_FIELD(int, Flags, vglobal::record_defaults::kPeakOptionFlags)
-  VG_FIELD(double, ExcessDisplayWidth, vglobal::record_defaults::kPeakOptionExcessDisplayWidth)
+  VG_RECORD_FIELDS(CPeakOptions, VG_PEAK_OPTIONS_FIELDS)
 
  public:
   // True when every bit of `flag` is set.

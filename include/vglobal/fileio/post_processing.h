@@ -4,7 +4,6 @@
 #pragma once
 
 #include "vglobal/export.h"
-#include "vglobal/fileio/record_defaults.h"
 
 class VGLOBAL_EXPORT CPostProcessingMassLimits {
  public:
@@ -17,6 +16,6 @@ class VGLOBAL_EXPORT CPostProcessingMassLimits {
   double GetMinMassLimit() const { return m_MinMassLimit; }
 
  private:
-  double m_MaxMassLimit = vglobal::record_defaults::kPostProcessingMaxMassLimit;
-  double m_MinMassLimit = vglobal::record_defaults::kPostProcessingMinMassLimit;
+  double m_MaxMassLimit = 999999.0;
+  double m_MinMassLimit = 0.5;
 };

@@ -15,7 +15,7 @@
 #include "vglobal/fileio/options.h"
 #include "vglobal/fileio/peak_detection.h"
 #include "vglobal/fileio/report.h"
-#include "vglobal/fileio/spec_enhance.h"
+#include "vglobal/fileio/spectrum_enhance.h"
 
 class VGLOBAL_EXPORT CProcMethod {
  public:

@@ -52,28 +52,32 @@ enum SampleTypeCode : int {
   SAMPLE_TYPE_PROGRAM = 8,
 };
 
+// The fields of CSeqRow, in record order: FIELD(type, name, starting value).
+#define VG_SEQ_ROW_FIELDS(FIELD)                                 \
+  FIELD(CString, SampleID, L"")                                  \
+  FIELD(CString, SampleName, L"")                                \
+  /* One of SampleTypeCode; other codes are kept as they are. */ \
+  FIELD(int, SampleType, SAMPLE_TYPE_UNKNOWN)                    \
+  /* The folder of the row's raw file (data folder). */          \
+  FIELD(CString, Path, L"")                                      \
+  FIELD(CString, RawFileName, L"")                               \
+  /* Autosampler position (vial, well). */                       \
+  FIELD(CString, Position, L"")                                  \
+  /* Injection volume (microlitres). */                          \
+  FIELD(double, InjVol, 0.0)                                     \
+  /* Calibration or QC level name. */                            \
+  FIELD(CString, Level, L"")                                     \
+  FIELD(double, DilutionFactor, 1.0)                             \
+  FIELD(CString, InstMeth, L"")                                  \
+  FIELD(CString, ProcMeth, L"")                                  \
+  FIELD(CString, Comment, L"")
+
 class VGLOBAL_EXPORT CSeqRow {
  public:
   // Longest text of a row field (characters); longer texts are cut when stored.
   static constexpr int kMaxTextLength = 1024;
 
-  VG_STRING_FIELD(SampleID, L"")
-  VG_STRING_FIELD(SampleName, L"")
-  // One of SampleTypeCode; other codes are kept as they are.
-  VG_FIELD(int, SampleType, SAMPLE_TYPE_UNKNOWN)
-  // The folder of the row's raw file (data folder).
-  VG_STRING_FIELD(Path, L"")
-  VG_STRING_FIELD(RawFileName, L"")
-  // Autosampler position (vial, well).
-  VG_STRING_FIELD(Position, L"")
-  // Injection volume (microlitres).
-  VG_FIELD(double, InjVol, 0.0)
-  // Calibration or QC level name.
-  VG_STRING_FIELD(Level, L"")
-  VG_FIELD(double, DilutionFactor, 1.0)
-  VG_STRING_FIELD(InstMeth, L"")
-  VG_STRING_FIELD(ProcMeth, L"")
-  VG_STRING_FIELD(Comment, L"")
+  VG_RECORD_FIELDS(CSeqRow, VG_SEQ_ROW_FIELDS)
 
  public:
   friend bool operator==(const CSeqRow&, const CSeqRow&) = default;
