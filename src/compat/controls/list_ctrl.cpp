@@ -439,8 +439,7 @@ BOOL CListCtrl::GetItemRect(int item, LPRECT rect, UINT code) const {
   int width = 0;
   for (const auto& column : c->columns) width += column.width;
   const int top = c->RowsTop() + (item - c->topIndex) * c->RowHeight();
-  *rect = CRect(ListCtrlState::kBorder, top, ListCtrlState::kBorder + width,
-                top + c->RowHeight());
+  *rect = CRect(ListCtrlState::kBorder, top, ListCtrlState::kBorder + width, top + c->RowHeight());
   return TRUE;
 }
 

@@ -56,8 +56,7 @@ class TabStopDelegate final : public QStyledItemDelegate {
       if (i > 0) x = nextStop_(x);
       const QRect piece(textRect.left() + x, textRect.top(), textRect.width() - x,
                         textRect.height());
-      painter->drawText(piece, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                        pieces[i]);
+      painter->drawText(piece, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, pieces[i]);
       x += opt.fontMetrics.horizontalAdvance(pieces[i]);
     }
     painter->restore();
