@@ -16,7 +16,7 @@ using namespace vglobal;  // kinds and style bits
 enum : int { IDC_AUDIT = 3101, IDC_PLAIN, IDC_SAMPLES };
 
 // 6 x 13 headless base units. The list boxes are 65 pixels high: 4 rows of 13 fit
-// inside their 2-pixel border. The list control is 240 x 130: below its 21-pixel
+// inside their 1-pixel border. The list control is 240 x 130: below its 21-pixel
 // heading, 7 rows of 15.
 constexpr ControlTemplate kControls[] = {
     {IDC_AUDIT, ControlKind::ListBox, L"", 7, 7, 200, 40, kTabStop | kUseTabStops},
@@ -145,9 +145,9 @@ TEST_F(OpenLists, EnsureVisibleScrollsAListControlAsLittleAsItTakes) {
 
   CRect row;
   ASSERT_TRUE(table.GetItemRect(14, &row, LVIR_BOUNDS));
-  EXPECT_EQ(row, CRect(2, 38, 102, 53));  // the second row of the page
+  EXPECT_EQ(row, CRect(1, 37, 101, 52));  // the second row of the page
   ASSERT_TRUE(table.GetItemRect(12, &row, LVIR_BOUNDS));
-  EXPECT_EQ(row, CRect(2, 8, 102, 23));  // above the page, under the headings
+  EXPECT_EQ(row, CRect(1, 7, 101, 22));  // above the page, under the headings
   EXPECT_FALSE(table.GetItemRect(20, &row, LVIR_BOUNDS));
   EXPECT_FALSE(table.GetItemRect(0, &row, 3));
 
@@ -195,7 +195,10 @@ TEST_F(OpenLists, AutoSizeFitsTheWidestRowOrAlsoTheHeading) {
   EXPECT_EQ(table.GetColumnWidth(1), 108);
   table.SetColumnWidth(1, LVSCW_AUTOSIZE);
   table.SetColumnWidth(2, LVSCW_AUTOSIZE_USEHEADER);
-  EXPECT_EQ(table.GetColumnWidth(2), 236 - 132 - 18);  // the last column takes the rest
+  EXPECT_EQ(table.GetColumnWidth(2), 238 - 132 - 18);  // the last column takes the rest
+  for (int i = 0; i < 5; ++i) table.InsertItem(0, L"");
+  table.SetColumnWidth(2, LVSCW_AUTOSIZE_USEHEADER);
+  EXPECT_EQ(table.GetColumnWidth(2), 238 - 132 - 18 - 17);  // beside the scroll bar
   table.SetColumnWidth(2, LVSCW_AUTOSIZE);
   EXPECT_EQ(table.GetColumnWidth(2), 12);  // no texts: the margins
 

@@ -385,7 +385,7 @@ class VGLOBAL_EXPORT NumericEdit : public CEdit {
 //
 // Scrolling, the same headless and on screen: every row is GetItemHeight pixels
 // high (the dialog font's height, or the images' when they are taller), inside a
-// 2-pixel border; the rows that fit whole are a page. The top index is a row
+// 1-pixel border; the rows that fit whole are a page. The top index is a row
 // number, as on Windows: inserts and deletes leave it where it is, except that the
 // list never scrolls past the point where its last row is at the bottom, and goes
 // back to the top once every row fits.
@@ -499,7 +499,7 @@ class VGLOBAL_EXPORT CComboBox : public vglobal::DialogControl {
 // A list control in report view: columns with headings, rows with a text per
 // column, item data and a selected/focused state.
 //
-// Geometry, the same headless and on screen: inside a 2-pixel border, a heading
+// Geometry, the same headless and on screen: inside a 1-pixel border, a heading
 // row 8 pixels taller than the dialog font, then rows 2 pixels taller than the
 // font or the small images, whichever are taller. The rows that fit whole are a
 // page (GetCountPerPage); the top index scrolls as a list box's does.
@@ -529,7 +529,8 @@ class VGLOBAL_EXPORT CListCtrl : public vglobal::DialogControl {
   // (measured by the platform, vglobal::Platform::MeasureText, with a 6-pixel margin
   // each side, and the small image before column 0's texts): LVSCW_AUTOSIZE to the
   // widest row, LVSCW_AUTOSIZE_USEHEADER to the widest row or the heading, and the
-  // last column to the rest of the control's width if that is more. FALSE for a
+  // last column to the rest of the control's width (beside the vertical scroll bar
+  // when the rows need one) if that is more. FALSE for a
   // column out of range or another negative width.
   BOOL SetColumnWidth(int column, int width);
 

@@ -260,8 +260,10 @@ BOOL CListCtrl::SetColumnWidth(int column, int width) {
     const bool heading = width == LVSCW_AUTOSIZE_USEHEADER;
     width = c->FitWidth(*c->own, column, heading);
     if (heading && column == count - 1) {
-      // The last column takes what the others leave of the control's width.
+      // The last column takes what the others leave of the control's width, beside
+      // the scroll bar when the rows need one.
       int rest = c->rect.Width() - 2 * ListCtrlState::kBorder;
+      if (c->Count() > c->PerPage()) rest -= ListCtrlState::kScrollBarWidth;
       for (int i = 0; i < column; ++i) rest -= c->columns[i].width;
       width = std::max(width, rest);
     }

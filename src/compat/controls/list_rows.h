@@ -19,8 +19,11 @@ struct ListItem {
 };
 
 struct RowsState : ControlState {
-  // The sunken edge around the rows, in pixels.
-  static constexpr int kBorder = 2;
+  // The edge around the rows, in pixels: the frame the Qt item views draw.
+  static constexpr int kBorder = 1;
+  // A vertical scroll bar's width: Windows' at 96 dpi, and no narrower than the Qt
+  // styles' bars, so that what is fitted beside one is never covered by it.
+  static constexpr int kScrollBarWidth = 17;
 
   std::vector<ListItem> items;
   int curSel = -1;  // single selection
