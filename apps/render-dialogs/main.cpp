@@ -19,6 +19,7 @@
 #include <memory>
 
 #include "controls_demo.h"
+#include "lists_demo.h"
 #include "picture.h"
 #include "services_pictures.h"
 #include "vglobal/frame.h"
@@ -171,6 +172,10 @@ int main(int argc, char** argv) {
   {
     CControlsDemoDlg demo;
     ok &= Render(demo, folder + QStringLiteral("/controls-demo.png"));
+  }
+  {
+    CListsDemoDlg lists;
+    ok &= Render(lists, folder + QStringLiteral("/lists-demo.png"));
   }
   return ok ? 0 : 1;
 }

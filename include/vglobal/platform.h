@@ -89,6 +89,10 @@ class VGLOBAL_EXPORT Platform {
   // character width), cy eight vertical units (its height). Default: 6 x 13
   // whatever the size, so that headless layouts are the same on every machine.
   virtual CSize DialogBaseUnits(int fontSize);
+  // The size of `text` on one line as `window` shows it, in its font (a dialog
+  // control: its dialog's font). Default: every character one average character of
+  // the dialog font, DialogBaseUnits(0).cx wide and .cy high.
+  virtual CSize MeasureText(const CWnd& window, const std::wstring& text);
   // The screen's rectangle, where windows without a parent are placed and
   // centred. Default: 1920 x 1080 at the origin.
   virtual CRect ScreenRect();

@@ -1,6 +1,9 @@
-// The headless defaults of the dialog services: fixed dialog base units and screen,
+// The headless defaults of the dialog services: fixed dialog base units, text
+// measured in them, and a fixed screen,
 // and modeless dialogs opened as models without a view, so that a program or a test
 // drives them with DialogDriver.
+#include <algorithm>
+
 #include "vglobal/compat/dialog.h"
 #include "vglobal/platform.h"
 
@@ -8,6 +11,13 @@ namespace vglobal {
 
 CSize Platform::DialogBaseUnits(int /*fontSize*/) {
   return {6, 13};
+}
+
+CSize Platform::MeasureText(const CWnd& /*window*/, const std::wstring& text) {
+  const CSize unit = DialogBaseUnits(0);
+  // Capped so that a huge text cannot overflow the width.
+  const auto n = static_cast<int>(std::min<std::size_t>(text.size(), 1 << 20));
+  return {n * unit.cx, unit.cy};
 }
 
 CRect Platform::ScreenRect() {

@@ -246,6 +246,25 @@ TEST_F(OpenProbe, EditLimitCutsTypedTextAndTextSetByCode) {
   EXPECT_EQ(Text(IDC_LIMITED), L"1xy4");
 }
 
+TEST_F(OpenProbe, ModifiedFlagIsSetByEditingNotByTheProgramsText) {
+  CEdit& edit = Item<CEdit>(IDC_NAME);
+  EXPECT_FALSE(edit.GetModify());  // shown by data exchange
+  user.Type(IDC_NAME, L"typed");
+  EXPECT_TRUE(edit.GetModify());
+  edit.SetWindowText(L"by code");
+  EXPECT_FALSE(edit.GetModify());
+  edit.SetSel(0, 2);
+  edit.ReplaceSel(L"my");
+  EXPECT_TRUE(edit.GetModify());
+  EXPECT_EQ(edit.SendMessage(EM_GETMODIFY), 1);
+  edit.SendMessage(EM_SETMODIFY, FALSE);
+  EXPECT_FALSE(edit.GetModify());
+  EXPECT_TRUE(user.Type(IDC_NAME, L"my code"));  // the same text: nothing edited
+  EXPECT_FALSE(edit.GetModify());
+  edit.SendMessage(EM_SETMODIFY, TRUE);
+  EXPECT_EQ(edit.SendMessage(EM_GETMODIFY), 1);
+}
+
 TEST_F(OpenProbe, SetWindowTextNotifiesSingleLineEditsOnly) {
   dlg.SetDlgItemText(IDC_NAME, L"first");  // the same text still notifies
   dlg.SetDlgItemText(IDC_NOTES, L"line 1\r\nline 2");

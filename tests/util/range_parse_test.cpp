@@ -9,7 +9,6 @@
 #include <climits>
 #include <clocale>
 #include <cstdlib>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -84,20 +83,6 @@ TEST(RangeParse, MaximumBoundsTheItems) {
   for (int i = 0; i < 1000; ++i) many += L"7,";
   EXPECT_EQ(Parse(many.c_str(), 999), Ranges{});
   EXPECT_EQ(Parse(many.c_str(), 1000).size(), 1000u);
-}
-
-TEST(RangeParse, CopiesOwnTheirRanges) {
-  ScopedEnv chosen("ARVENIS_LIST_SEPARATOR", ",");
-  auto original = std::make_unique<VDoubleRngParse>();
-  ASSERT_EQ(original->Parse(L"1-2"), 1);
-  VDoubleRngParse copy(*original);
-  VDoubleRngParse assigned(7);
-  assigned = *original;
-  original->Parse(L"5-6,7");
-  original.reset();
-  EXPECT_EQ(RangesOf(copy, 1), (Ranges{{1, 2}}));
-  EXPECT_EQ(RangesOf(assigned, 1), (Ranges{{1, 2}}));
-  EXPECT_EQ(assigned.Parse(L"1,2,3,4"), 0);  // the maximum came along
 }
 
 TEST(RangeParseSeparator, EnvironmentChoiceReadWhenMade) {

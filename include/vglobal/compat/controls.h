@@ -101,6 +101,17 @@ constexpr int LVSCW_AUTOSIZE = -1;
 constexpr int LVSCW_AUTOSIZE_USEHEADER = -2;
 constexpr DWORD LVS_EX_GRIDLINES = 0x0001;
 constexpr DWORD LVS_EX_FULLROWSELECT = 0x0020;
+constexpr UINT LVIR_BOUNDS = 0;
+
+// Messages the controls answer through SendMessage (Windows numbers), for callers
+// written against the messages rather than the member functions.
+// EM_GETMODIFY answers the modified flag; EM_SETMODIFY sets it from wParam.
+constexpr UINT EM_GETMODIFY = 0x00B8;
+constexpr UINT EM_SETMODIFY = 0x00B9;
+// wParam: the bits to change (0: all of them); lParam: their new values. Answers
+// the previous style.
+constexpr UINT LVM_SETEXTENDEDLISTVIEWSTYLE = 0x1036;
+constexpr UINT LVM_GETEXTENDEDLISTVIEWSTYLE = 0x1037;
 
 // The record that comes with a notification. List-control notifications come with
 // the larger records below, whose first member is the NMHDR, so that a handler casts
@@ -317,10 +328,16 @@ class VGLOBAL_EXPORT CEdit : public vglobal::DialogControl {
   void ReplaceSel(const wchar_t* text, BOOL canUndo = FALSE);
   BOOL SetReadOnly(BOOL readOnly = TRUE);
   BOOL IsReadOnly() const;
-  // Whether the user changed the text since the flag was last cleared.
+  // Whether the text was changed since the flag was last cleared: typing and
+  // ReplaceSel set it, SetWindowText clears it (the program's own text is not an
+  // edit), as does SetModify(FALSE).
   BOOL GetModify() const;
   void SetModify(BOOL modified = TRUE);
   BOOL IsMultiline() const;
+
+ protected:
+  // EM_GETMODIFY and EM_SETMODIFY; the rest goes on to CWnd.
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 };
 
 namespace vglobal {
@@ -365,6 +382,13 @@ class VGLOBAL_EXPORT NumericEdit : public CEdit {
 // With kSort, AddString inserts in order (case-insensitive); InsertString never sorts.
 // Rows may show an image of an image list before their text (SetImageList,
 // SetItemImage), as the owner-drawn image lists of the suite did.
+//
+// Scrolling, the same headless and on screen: every row is GetItemHeight pixels
+// high (the dialog font's height, or the images' when they are taller), inside a
+// 1-pixel border; the rows that fit whole are a page. The top index is a row
+// number, as on Windows: inserts and deletes leave it where it is, except that the
+// list never scrolls past the point where its last row is at the bottom, and goes
+// back to the top once every row fits.
 class VGLOBAL_EXPORT CListBox : public vglobal::DialogControl {
  public:
   bool Handles(vglobal::ControlKind kind) const override;
@@ -390,8 +414,9 @@ class VGLOBAL_EXPORT CListBox : public vglobal::DialogControl {
 
   // Single selection: the selected row or LB_ERR. Multi-selection: the caret row.
   int GetCurSel() const;
-  // Single selection: selects the row; -1 or an index out of range clears the
-  // selection and answers LB_ERR. Multi-selection lists answer LB_ERR.
+  // Single selection: selects the row and scrolls it into view; -1 or an index out
+  // of range clears the selection and answers LB_ERR. Multi-selection lists answer
+  // LB_ERR.
   int SetCurSel(int index);
   // Multi-selection. GetSel: positive when selected, 0 when not, LB_ERR out of range
   // (also usable on single-selection lists). SetSel: index -1 means every row;
@@ -409,11 +434,24 @@ class VGLOBAL_EXPORT CListBox : public vglobal::DialogControl {
   void* GetItemDataPtr(int index) const;  // null out of range
   int SetItemDataPtr(int index, void* data);
 
+  // The first row shown. SetTopIndex scrolls as far towards `index` as the list
+  // can (see the class comment); LB_ERR for a row it does not have.
   int GetTopIndex() const;
   int SetTopIndex(int index);
-  // Tab stops in dialog units, for kUseTabStops lists.
+  // The height of every row in pixels (index is ignored, the rows are alike); LB_ERR
+  // when detached. SetItemHeight takes 1..255, else answers LB_ERR.
+  int GetItemHeight(int index) const;
+  int SetItemHeight(int index, UINT height);
+  // Tab stops in dialog units, for kUseTabStops lists: none (count 0) puts a stop
+  // every 32 units, one stop every that many units, more stops where they say and
+  // then every 32 units past the last. FALSE for a negative count or a null array.
   BOOL SetTabStops(int count, const int* stops);
   std::vector<int> GetTabStops() const;
+  // Where text after a tab starts, in pixels from the start of the row's text: the
+  // first stop right of x, the stops turned into pixels with the dialog's base
+  // units (four units are the font's average character). -1 for a list without
+  // kUseTabStops, which shows a tab as it comes.
+  int NextTabStop(int x) const;
 
   // The image list the rows' images come from (null: none); returns the previous.
   CImageList* SetImageList(CImageList* images);
@@ -460,6 +498,11 @@ class VGLOBAL_EXPORT CComboBox : public vglobal::DialogControl {
 
 // A list control in report view: columns with headings, rows with a text per
 // column, item data and a selected/focused state.
+//
+// Geometry, the same headless and on screen: inside a 1-pixel border, a heading
+// row 8 pixels taller than the dialog font, then rows 2 pixels taller than the
+// font or the small images, whichever are taller. The rows that fit whole are a
+// page (GetCountPerPage); the top index scrolls as a list box's does.
 class VGLOBAL_EXPORT CListCtrl : public vglobal::DialogControl {
  public:
   bool Handles(vglobal::ControlKind kind) const override;
@@ -479,9 +522,16 @@ class VGLOBAL_EXPORT CListCtrl : public vglobal::DialogControl {
   int GetColumnCount() const;
   CString GetColumnHeading(int column) const;
   int GetColumnFormat(int column) const;  // -1 out of range
-  // Width in pixels as set; LVSCW_AUTOSIZE and LVSCW_AUTOSIZE_USEHEADER stand until
-  // the platform fits the column. 0 out of range.
+  // Width in pixels; 0 out of range. A column inserted with width -1 fits its
+  // heading.
   int GetColumnWidth(int column) const;
+  // Sets the width in pixels, or fits the column to its texts as they are now
+  // (measured by the platform, vglobal::Platform::MeasureText, with a 6-pixel margin
+  // each side, and the small image before column 0's texts): LVSCW_AUTOSIZE to the
+  // widest row, LVSCW_AUTOSIZE_USEHEADER to the widest row or the heading, and the
+  // last column to the rest of the control's width (beside the vertical scroll bar
+  // when the rows need one) if that is more. FALSE for a
+  // column out of range or another negative width.
   BOOL SetColumnWidth(int column, int width);
 
   // Rows. InsertItem past the end appends; returns the row's index or -1.
@@ -505,12 +555,30 @@ class VGLOBAL_EXPORT CListCtrl : public vglobal::DialogControl {
   // LVNI_FOCUSED; LVNI_ALL: any); -1 when none.
   int GetNextItem(int start, int flags) const;
   UINT GetSelectedCount() const;
-  // Scrolls so that the row shows; GetTopIndex answers the row last asked for.
+  // Scrolls as little as it takes for the row to show whole: a row above the page
+  // comes to the top, one below it to the bottom (partialOk changes nothing, since a
+  // row is never left half shown). FALSE for a row out of range.
   BOOL EnsureVisible(int item, BOOL partialOk);
   int GetTopIndex() const;
+  // The rows that fit whole between the headings and the bottom edge (at least 1).
+  int GetCountPerPage() const;
+  // The row's rectangle in the control's client coordinates (LVIR_BOUNDS: the
+  // whole row, as wide as the columns); rows above the top index lie above the
+  // client area. FALSE for a row out of range or another code.
+  BOOL GetItemRect(int item, LPRECT rect, UINT code) const;
 
-  DWORD SetExtendedStyle(DWORD style);  // returns the previous style
+  // LVS_EX_ bits: LVS_EX_FULLROWSELECT shows a selected row highlighted across all
+  // columns (else only its first column), LVS_EX_GRIDLINES draws lines between rows
+  // and columns. SetExtendedStyle replaces them all; the message
+  // LVM_SETEXTENDEDLISTVIEWSTYLE changes only the bits of its mask. Both answer the
+  // previous style.
+  DWORD SetExtendedStyle(DWORD style);
   DWORD GetExtendedStyle() const;
+
+ protected:
+  // LVM_SETEXTENDEDLISTVIEWSTYLE and LVM_GETEXTENDEDLISTVIEWSTYLE; the rest goes on
+  // to CWnd.
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 };
 
 // A toolbar inside a dialog: a row of buttons with images, each sending its

@@ -46,6 +46,8 @@ class VGLOBAL_EXPORT QtPlatform : public Platform {
   // From the application's font at `fontSize` points: the average width of the 52
   // Latin letters, and the line height.
   CSize DialogBaseUnits(int fontSize) override;
+  // With the font of the window's widget; the dialogs' font when it has none.
+  CSize MeasureText(const CWnd& window, const std::wstring& text) override;
   // The primary screen's geometry (the default's when there is no screen).
   CRect ScreenRect() override;
   // Renders the dialog (RenderDialog) and shows it non-modally; the view goes

@@ -127,6 +127,7 @@ void CEdit::ReplaceSel(const wchar_t* text, BOOL /*canUndo*/) {
   const std::size_t room = c->limit > static_cast<int>(kept) ? c->limit - kept : 0;
   if (insert.size() > room) insert.resize(room);
   c->text.replace(start, end - start, insert);
+  c->modified = true;  // an edit of the text, unlike SetWindowText's replacing it
   c->selStart = c->selEnd = static_cast<int>(start + insert.size());
   Changed(vglobal::kAspectText | vglobal::kAspectSelection);
   Notify(EN_UPDATE);
@@ -156,4 +157,13 @@ void CEdit::SetModify(BOOL modified) {
 
 BOOL CEdit::IsMultiline() const {
   return state() && state()->HasStyle(vglobal::kMultiline);
+}
+
+LRESULT CEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == EM_GETMODIFY) return GetModify();
+  if (message == EM_SETMODIFY) {
+    SetModify(wParam != 0);
+    return 0;
+  }
+  return DialogControl::WindowProc(message, wParam, lParam);
 }

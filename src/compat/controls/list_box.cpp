@@ -1,6 +1,9 @@
 // List boxes: rows of text with item data and images, one row selected or several
-// (kMultiSelect); the ListBox kind's state and the CListBox handle.
+// (kMultiSelect), scrolled by rows and drawn with tab stops; the ListBox kind's
+// state and the CListBox handle.
 #include <algorithm>
+
+#include "vglobal/compat/image_list.h"
 
 #include "compat/controls/list_rows.h"
 
@@ -10,6 +13,12 @@ namespace {
 struct ListBoxState : RowsState {
   std::vector<int> tabStops;
   CImageList* images = nullptr;
+  int itemHeight = 0;  // set by the program; 0: from the font and the images
+
+  int RowHeight() const override {
+    if (itemHeight > 0) return itemHeight;
+    return std::max({1, FontHeight(), images ? images->GetImageSize().cy : 0});
+  }
 
   std::unique_ptr<DialogControl> MakeHandle() const override {
     return std::make_unique<CListBox>();
@@ -166,6 +175,7 @@ int CListBox::SetCurSel(int index) {
     c->curSel = selection;
     Changed(vglobal::kAspectSelection);
   }
+  if (selection >= 0 && c->ScrollTo(selection)) Changed(vglobal::kAspectScroll);
   return selection < 0 ? LB_ERR : selection;
 }
 
@@ -239,7 +249,22 @@ int CListBox::SetTopIndex(int index) {
   ListBoxState* c = StateAs<ListBoxState>(state());
   if (!c || !c->InRange(index)) return LB_ERR;
   c->topIndex = index;
+  c->ClampTop();
   Changed(vglobal::kAspectScroll);
+  return LB_OKAY;
+}
+
+int CListBox::GetItemHeight(int /*index*/) const {
+  ListBoxState* c = StateAs<ListBoxState>(state());
+  return c ? c->RowHeight() : LB_ERR;
+}
+
+int CListBox::SetItemHeight(int /*index*/, UINT height) {
+  ListBoxState* c = StateAs<ListBoxState>(state());
+  if (!c || height == 0 || height > 255) return LB_ERR;
+  c->itemHeight = static_cast<int>(height);
+  c->ClampTop();  // a page holds another number of rows now
+  Changed(vglobal::kAspectItems | vglobal::kAspectScroll);
   return LB_OKAY;
 }
 
@@ -256,12 +281,37 @@ std::vector<int> CListBox::GetTabStops() const {
   return c ? c->tabStops : std::vector<int>{};
 }
 
+int CListBox::NextTabStop(int x) const {
+  ListBoxState* c = StateAs<ListBoxState>(state());
+  if (!c || !c->HasStyle(vglobal::kUseTabStops) || !c->dialog) return -1;
+  const int unit = vglobal::DialogAccess::Of(*c->dialog).baseUnits.cx;  // four dialog units
+  auto pixels = [unit](long long units) {
+    return static_cast<int>(std::clamp(units * unit / 4, 1LL, 1LL << 30));
+  };
+  x = std::clamp(x, 0, 1 << 29);
+  const std::vector<int>& stops = c->tabStops;
+  // Several stops: the nearest given stop right of x, in whatever order they came.
+  if (stops.size() > 1) {
+    int best = -1;
+    for (int stop : stops) {
+      const int at = stop > 0 ? pixels(stop) : 0;
+      if (at > x && (best < 0 || at < best)) best = at;
+    }
+    if (best >= 0) return best;
+  }
+  // Otherwise regular stops: every that many units for one stop, every 32 (eight
+  // average characters) without or past the given ones.
+  const int every = stops.size() == 1 && stops[0] > 0 ? pixels(stops[0]) : pixels(32);
+  return (x / every + 1) * every;
+}
+
 CImageList* CListBox::SetImageList(CImageList* images) {
   ListBoxState* c = StateAs<ListBoxState>(state());
   if (!c) return nullptr;
   CImageList* previous = c->images;
   c->images = images;
-  Changed(vglobal::kAspectItems);
+  c->ClampTop();  // the rows may be higher now
+  Changed(vglobal::kAspectItems | vglobal::kAspectScroll);
   return previous;
 }
 

@@ -1,11 +1,13 @@
 // List controls in report view: columns with headings, rows with a text per column,
-// an image, item data and a selected/focused state; the ListCtrl kind's state and
-// the CListCtrl handle. Row texts are kept by column: column 0 is the row's text,
-// column k its sub-item k.
+// an image, item data and a selected/focused state, scrolled by rows; the ListCtrl
+// kind's state and the CListCtrl handle. Row texts are kept by column: column 0 is
+// the row's text, column k its sub-item k.
 #include <algorithm>
 #include <iterator>
 
 #include "compat/controls/list_rows.h"
+#include "vglobal/compat/image_list.h"
+#include "vglobal/platform.h"
 
 namespace vglobal {
 namespace {
@@ -17,9 +19,26 @@ struct ListColumn {
 };
 
 struct ListCtrlState : RowsState {
+  // Around a text in a cell or a heading, each side; between an image and its text.
+  static constexpr int kTextMargin = 6;
+  static constexpr int kImageGap = 4;
+
   std::vector<ListColumn> columns;
   DWORD extendedStyle = 0;
   CImageList* images[3] = {};  // by LVSIL_ value
+
+  int SmallImageWidth() const {
+    return images[LVSIL_SMALL] ? images[LVSIL_SMALL]->GetImageSize().cx : 0;
+  }
+  int RowHeight() const override {
+    const int image = images[LVSIL_SMALL] ? images[LVSIL_SMALL]->GetImageSize().cy : 0;
+    return std::max({FontHeight(), image, 1}) + 2;
+  }
+  int HeaderHeight() const { return FontHeight() + 8; }
+  int RowsTop() const override { return kBorder + HeaderHeight(); }
+  // The width a column needs for its texts (and its heading, when asked), measured
+  // as `window` shows them.
+  int FitWidth(const CWnd& window, int column, bool heading) const;
 
   std::unique_ptr<DialogControl> MakeHandle() const override {
     return std::make_unique<CListCtrl>();
@@ -36,6 +55,23 @@ struct ListCtrlState : RowsState {
   bool BeginDrag(UserAction& act, int row) override;
   bool ClickColumn(UserAction& act, int column) override;
 };
+
+int ListCtrlState::FitWidth(const CWnd& window, int column, bool heading) const {
+  Platform& platform = GetPlatform();
+  auto width = [&](const std::wstring& text) {
+    return platform.MeasureText(window, text).cx + 2 * kTextMargin;
+  };
+  int widest = heading ? width(columns[column].heading) : 0;
+  const int image = column == 0 && SmallImageWidth() > 0 ? SmallImageWidth() + kImageGap : 0;
+  for (const ListItem& row : items) {
+    const std::wstring* text = column == 0 ? &row.text
+                               : static_cast<std::size_t>(column) <= row.subItems.size()
+                                   ? &row.subItems[column - 1]
+                                   : nullptr;
+    widest = std::max(widest, image + (text ? width(*text) : 2 * kTextMargin));
+  }
+  return widest;
+}
 
 UINT StateOf(const ListCtrlState& c, int row) {
   return (c.items[row].selected ? LVIS_SELECTED : 0) | (c.caret == row ? LVIS_FOCUSED : 0);
@@ -141,7 +177,8 @@ CImageList* CListCtrl::SetImageList(CImageList* images, int which) {
   if (!c || which < 0 || which >= static_cast<int>(std::size(c->images))) return nullptr;
   CImageList* previous = c->images[which];
   c->images[which] = images;
-  Changed(vglobal::kAspectItems);
+  c->ClampTop();  // the rows may be higher now
+  Changed(vglobal::kAspectItems | vglobal::kAspectScroll);
   return previous;
 }
 
@@ -157,7 +194,12 @@ int CListCtrl::InsertColumn(int column, const wchar_t* heading, int format, int 
   if (!c || column < 0) return -1;
   const int count = static_cast<int>(c->columns.size());
   column = std::min(column, count);
-  c->columns.insert(c->columns.begin() + column, {heading ? heading : L"", format, width});
+  c->columns.insert(c->columns.begin() + column, {heading ? heading : L"", format, 0});
+  // -1 (or any width below 0) fits the heading, the width the user sees.
+  c->columns[column].width =
+      width >= 0 ? width
+                 : vglobal::GetPlatform().MeasureText(*c->own, c->columns[column].heading).cx +
+                       2 * ListCtrlState::kTextMargin;
   // Rows keep their texts under the columns they were in.
   for (ListItem& row : c->items) {
     if (column == 0 && count > 0) {
@@ -212,7 +254,22 @@ int CListCtrl::GetColumnWidth(int column) const {
 
 BOOL CListCtrl::SetColumnWidth(int column, int width) {
   ListCtrlState* c = StateAs<ListCtrlState>(state());
-  if (!c || column < 0 || column >= static_cast<int>(c->columns.size())) return FALSE;
+  const int count = c ? static_cast<int>(c->columns.size()) : 0;
+  if (!c || column < 0 || column >= count) return FALSE;
+  if (width == LVSCW_AUTOSIZE || width == LVSCW_AUTOSIZE_USEHEADER) {
+    const bool heading = width == LVSCW_AUTOSIZE_USEHEADER;
+    width = c->FitWidth(*c->own, column, heading);
+    if (heading && column == count - 1) {
+      // The last column takes what the others leave of the control's width, beside
+      // the scroll bar when the rows need one.
+      int rest = c->rect.Width() - 2 * ListCtrlState::kBorder;
+      if (c->Count() > c->PerPage()) rest -= ListCtrlState::kScrollBarWidth;
+      for (int i = 0; i < column; ++i) rest -= c->columns[i].width;
+      width = std::max(width, rest);
+    }
+  } else if (width < 0) {
+    return FALSE;
+  }
   c->columns[column].width = width;
   Changed(vglobal::kAspectItems);
   return TRUE;
@@ -232,7 +289,7 @@ int CListCtrl::InsertItem(int item, const wchar_t* text, int image) {
   if (!c || item < 0) return -1;
   item = std::min(item, static_cast<int>(c->items.size()));
   c->items.insert(c->items.begin() + item, ListItem{text ? text : L"", {}, 0, image, false});
-  if (c->caret >= item) ++c->caret;
+  if (c->caret >= item) ++c->caret;  // the top index stays: the rows below it move down
   Changed(vglobal::kAspectItems | vglobal::kAspectSelection);
   return item;
 }
@@ -245,6 +302,7 @@ BOOL CListCtrl::DeleteItem(int item) {
     c->caret = -1;
   else if (c->caret > item)
     --c->caret;
+  c->ClampTop();
   Changed(vglobal::kAspectItems | vglobal::kAspectSelection);
   return TRUE;
 }
@@ -363,8 +421,7 @@ UINT CListCtrl::GetSelectedCount() const {
 BOOL CListCtrl::EnsureVisible(int item, BOOL /*partialOk*/) {
   ListCtrlState* c = StateAs<ListCtrlState>(state());
   if (!c || !c->InRange(item)) return FALSE;
-  c->topIndex = item;
-  Changed(vglobal::kAspectScroll);
+  if (c->ScrollTo(item)) Changed(vglobal::kAspectScroll);
   return TRUE;
 }
 
@@ -373,13 +430,36 @@ int CListCtrl::GetTopIndex() const {
   return c ? c->topIndex : 0;
 }
 
-DWORD CListCtrl::SetExtendedStyle(DWORD style) {
+int CListCtrl::GetCountPerPage() const {
   ListCtrlState* c = StateAs<ListCtrlState>(state());
-  if (!c) return 0;
-  DWORD previous = c->extendedStyle;
-  c->extendedStyle = style;
-  Changed(vglobal::kAspectItems);
-  return previous;
+  return c ? c->PerPage() : 0;
+}
+
+BOOL CListCtrl::GetItemRect(int item, LPRECT rect, UINT code) const {
+  ListCtrlState* c = StateAs<ListCtrlState>(state());
+  if (!c || !c->InRange(item) || !rect || code != LVIR_BOUNDS) return FALSE;
+  int width = 0;
+  for (const auto& column : c->columns) width += column.width;
+  const int top = c->RowsTop() + (item - c->topIndex) * c->RowHeight();
+  *rect = CRect(ListCtrlState::kBorder, top, ListCtrlState::kBorder + width, top + c->RowHeight());
+  return TRUE;
+}
+
+DWORD CListCtrl::SetExtendedStyle(DWORD style) {
+  return static_cast<DWORD>(SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, style));
+}
+
+LRESULT CListCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  ListCtrlState* c = StateAs<ListCtrlState>(state());
+  if (c && message == LVM_GETEXTENDEDLISTVIEWSTYLE) return c->extendedStyle;
+  if (c && message == LVM_SETEXTENDEDLISTVIEWSTYLE) {
+    const DWORD previous = c->extendedStyle;
+    const DWORD mask = wParam ? static_cast<DWORD>(wParam) : ~DWORD{0};
+    c->extendedStyle = (previous & ~mask) | (static_cast<DWORD>(lParam) & mask);
+    if (c->extendedStyle != previous) Changed(vglobal::kAspectItems);
+    return previous;
+  }
+  return DialogControl::WindowProc(message, wParam, lParam);
 }
 
 DWORD CListCtrl::GetExtendedStyle() const {

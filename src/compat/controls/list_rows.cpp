@@ -1,4 +1,4 @@
-// The row operations the list kinds share.
+// The row operations the list kinds share, and their scrolling.
 #include <algorithm>
 
 #include "compat/controls/list_rows.h"
@@ -11,6 +11,33 @@ bool SameNoCase(std::wstring_view a, std::wstring_view b) {
 }
 
 }  // namespace
+
+int RowsState::FontHeight() const {
+  return dialog ? DialogAccess::Of(*dialog).baseUnits.cy : 0;
+}
+
+int RowsState::PerPage() const {
+  const int height = RowHeight();
+  if (height <= 0) return 1;
+  return std::max(1, (rect.Height() - RowsTop() - kBorder) / height);
+}
+
+bool RowsState::ClampTop() {
+  const int top = std::clamp(topIndex, 0, std::max(0, Count() - PerPage()));
+  if (top == topIndex) return false;
+  topIndex = top;
+  return true;
+}
+
+bool RowsState::ScrollTo(int row) {
+  const int old = topIndex;
+  if (row < topIndex)
+    topIndex = row;
+  else if (row >= topIndex + PerPage())
+    topIndex = row - PerPage() + 1;
+  ClampTop();
+  return topIndex != old;
+}
 
 namespace rows {
 
@@ -45,7 +72,7 @@ int Delete(RowsState& c, UINT index) {
   else if (c.curSel > i)
     --c.curSel;
   if (c.caret > i || c.caret >= static_cast<int>(c.items.size())) --c.caret;
-  c.topIndex = std::clamp(c.topIndex, 0, std::max(0, static_cast<int>(c.items.size()) - 1));
+  c.ClampTop();
   return static_cast<int>(c.items.size());
 }
 

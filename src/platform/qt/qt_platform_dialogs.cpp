@@ -1,6 +1,6 @@
-// QtPlatform's dialog services: dialog base units from the font the dialog views
-// use, the primary screen, and modeless dialogs shown by a DialogView that lives as
-// long as the dialog's window.
+// QtPlatform's dialog services: dialog base units and text measures from the font
+// the dialog views use, the primary screen, and modeless dialogs shown by a
+// DialogView that lives as long as the dialog's window.
 #include <QApplication>
 #include <QFontMetrics>
 #include <QScreen>
@@ -19,6 +19,12 @@ CSize QtPlatform::DialogBaseUnits(int fontSize) {
   const QString letters = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
   return {std::max(1, static_cast<int>(std::lround(metrics.horizontalAdvance(letters) / 52.0))),
           std::max(1, metrics.height())};
+}
+
+CSize QtPlatform::MeasureText(const CWnd& window, const std::wstring& text) {
+  const auto* widget = static_cast<const QWidget*>(window.PlatformWindow());
+  const QFontMetrics metrics(widget ? widget->font() : QApplication::font("QDialog"));
+  return {metrics.horizontalAdvance(QString::fromStdWString(text)), metrics.height()};
 }
 
 CRect QtPlatform::ScreenRect() {

@@ -1,6 +1,11 @@
 // The list control's widget: a QTreeWidget in report view (no tree decoration),
-// with the rows' images from the control's LVSIL_SMALL image list.
+// with the rows' images from the control's LVSIL_SMALL image list. Rows, headings
+// and columns take the model's sizes and the model's top row is the widget's, so
+// that a page holds the same rows on screen as in the model; the extended styles
+// show as the delegate draws the cells.
 #include <QHeaderView>
+#include <QPainter>
+#include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <algorithm>
 #include <vector>
@@ -11,6 +16,38 @@
 
 namespace vglobal::qt {
 namespace {
+
+// Draws the cells as LVS_EX_ bits ask: without LVS_EX_FULLROWSELECT only the first
+// column of a selected row is highlighted; with LVS_EX_GRIDLINES each cell has a
+// line at its right and bottom edges.
+class CellDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  int rowHeight = 0;
+  DWORD extendedStyle = 0;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    if (rowHeight > 0) size.setHeight(rowHeight);
+    return size;
+  }
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyleOptionViewItem opt(option);
+    if (!(extendedStyle & LVS_EX_FULLROWSELECT) && index.column() > 0)
+      opt.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
+    QStyledItemDelegate::paint(painter, opt, index);
+    if (extendedStyle & LVS_EX_GRIDLINES) {
+      painter->save();
+      painter->setPen(opt.palette.color(QPalette::Mid));
+      const QRect r = opt.rect;
+      painter->drawLine(r.topRight(), r.bottomRight());
+      painter->drawLine(r.bottomLeft(), r.bottomRight());
+      painter->restore();
+    }
+  }
+};
 
 class ListCtrlBinding final : public ControlBinding {
  public:
@@ -24,6 +61,9 @@ class ListCtrlBinding final : public ControlBinding {
     tree_->header()->setSectionsClickable(true);
     tree_->setSelectionMode(multi ? QAbstractItemView::ExtendedSelection
                                   : QAbstractItemView::SingleSelection);
+    tree_->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    delegate_ = new CellDelegate(tree_);
+    tree_->setItemDelegate(delegate_);
     QObject::connect(tree_, &QTreeWidget::itemSelectionChanged, tree_, [this] {
       std::vector<int> rows;
       for (QTreeWidgetItem* item : tree_->selectedItems())
@@ -53,15 +93,26 @@ class ListCtrlBinding final : public ControlBinding {
         tree_->selectionModel()->setCurrentIndex(tree_->model()->index(focused, 0),
                                                  QItemSelectionModel::NoUpdate);
     }
-    if (aspects & kAspectScroll)
+    // Rebuilding the rows or selecting one moves Qt's scrolling: the model's top
+    // row is put back on top.
+    if (aspects & (kAspectItems | kAspectSelection | kAspectScroll))
       if (QTreeWidgetItem* row = tree_->topLevelItem(model->GetTopIndex()))
-        tree_->scrollToItem(row);
+        tree_->scrollToItem(row, QAbstractItemView::PositionAtTop);
   }
 
  private:
   void ShowRows(CListCtrl& model) {
     const int columns = model.GetColumnCount();
     const CImageList* images = model.GetImageList(LVSIL_SMALL);
+    delegate_->extendedStyle = model.GetExtendedStyle();
+    // The model's geometry: the first row shown starts below the headings, inside
+    // a border as wide as the row's left edge is far from the control's.
+    CRect row;
+    if (model.GetItemRect(model.GetTopIndex(), &row, LVIR_BOUNDS)) {
+      const int border = row.left;
+      delegate_->rowHeight = row.Height();
+      tree_->header()->setFixedHeight(row.top - border);
+    }
     tree_->clear();
     tree_->setColumnCount(std::max(columns, 1));
     if (images) tree_->setIconSize(ImageSize(images));
@@ -80,16 +131,12 @@ class ListCtrlBinding final : public ControlBinding {
       if (images) item->setIcon(0, ImageIcon(images, model.GetItemImage(r)));
       tree_->addTopLevelItem(item);
     }
-    for (int c = 0; c < columns; ++c) {
-      const int width = model.GetColumnWidth(c);
-      if (width >= 0)
-        tree_->setColumnWidth(c, width);
-      else
-        tree_->resizeColumnToContents(c);
-    }
+    for (int c = 0; c < columns; ++c) tree_->setColumnWidth(c, model.GetColumnWidth(c));
+    tree_->viewport()->update();
   }
 
   QTreeWidget* tree_;
+  CellDelegate* delegate_;
 };
 
 }  // namespace
