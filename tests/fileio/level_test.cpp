@@ -1,5 +1,5 @@
-// The level records and the component's lists: copies are deep, resizing keeps what
-// was there, indices outside a list are refused, and sorting by amount is stable.
+// The level records and the component's lists: resizing keeps what was there,
+// indices outside a list are refused, and sorting by amount is stable.
 #include "vglobal/fileio/level.h"
 
 #include <gtest/gtest.h>
@@ -27,22 +27,6 @@ std::wstring Names(const CComponentIO& c, bool qc = false) {
     out += (qc ? c.GetQCLevel(i) : c.GetCalLevel(i)).LevelName().str();
   }
   return out;
-}
-
-TEST(Level, CopyIsDeepAndKeepsReplicates) {
-  CLevel a = Level(L"L1", 5.0);
-  a.NumReplicates(2);
-  a[1].Area(123.0);
-  a[1].ResultFileName(L"run2.raw");
-  CLevel b = a;
-  b[1].Area(7.0);
-  EXPECT_EQ(a[1].Area(), 123.0);
-  ASSERT_EQ(b.NumReplicates(), 2);
-  EXPECT_EQ(b[1].ResultFileName(), L"run2.raw");
-  CLevel c;
-  c = a;
-  EXPECT_EQ(c.LevelName(), L"L1");
-  EXPECT_EQ(c[1].Area(), 123.0);
 }
 
 TEST(Level, ResizingKeepsTheFirstReplicatesAndNegativeEmpties) {
