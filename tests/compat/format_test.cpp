@@ -4,6 +4,7 @@
 #include <clocale>
 #include <cmath>
 #include <cstdarg>
+#include <string>
 
 #include "vglobal/compat/cstring.h"
 
@@ -43,15 +44,23 @@ TEST(WideFormat, WidthPrecisionAndFlagsOnText) {
   EXPECT_EQ(Fmt(L"[%s]", static_cast<const wchar_t*>(nullptr)), L"[(null)]");
 }
 
+// Puts the process's numeric locale back however the test ends.
+struct SavedNumericLocale {
+  std::string name = std::setlocale(LC_NUMERIC, nullptr);
+  ~SavedNumericLocale() { std::setlocale(LC_NUMERIC, name.c_str()); }
+};
+
 TEST(WideFormat, NumbersUseTheClassicLocaleWhateverTheProcessLocale) {
-  const char* previous = std::setlocale(LC_NUMERIC, nullptr);
-  std::string saved = previous ? previous : "C";
-  // A decimal-comma locale if the machine has one; the test still checks the
-  // classic output when it does not.
-  std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
-  EXPECT_EQ(Fmt(L"%.2f", 3.14159), L"3.14");
-  EXPECT_EQ(FmtV(L"%g", 0.5), L"0.5");
-  std::setlocale(LC_NUMERIC, saved.c_str());
+  const SavedNumericLocale saved;
+  // A host program may run in a decimal-comma locale (scripts/bootstrap generates
+  // this one); without it the test would prove nothing, so it fails.
+  ASSERT_NE(std::setlocale(LC_NUMERIC, "de_DE.UTF-8"), nullptr)
+      << "the de_DE.UTF-8 locale is missing: run scripts/bootstrap";
+  ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+  // Compared as UTF-8, so that a failure shows the text.
+  EXPECT_EQ(Fmt(L"%.2f", 3.14159).ToUtf8(), "3.14");
+  EXPECT_EQ(FmtV(L"%g|%e", 0.5, 1.5).ToUtf8(), "0.5|1.500000e+00");
+  EXPECT_EQ(Fmt(L"%10.3f|%-8.1f|", -2.5, 1e3).ToUtf8(), "    -2.500|1000.0  |");
 }
 
 TEST(WideFormat, IntegerSizesFollowTheLegacyPrefixes) {
