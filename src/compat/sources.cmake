@@ -17,15 +17,12 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/controls/static.cpp
   ${CMAKE_CURRENT_LIST_DIR}/controls/toolbar.cpp
   ${CMAKE_CURRENT_LIST_DIR}/controls_number.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/cstring.cpp
   ${CMAKE_CURRENT_LIST_DIR}/dialog.cpp
   ${CMAKE_CURRENT_LIST_DIR}/dialog_ddx.cpp
   ${CMAKE_CURRENT_LIST_DIR}/dialog_driver.cpp
   ${CMAKE_CURRENT_LIST_DIR}/dialog_window.cpp
   ${CMAKE_CURRENT_LIST_DIR}/file_dialog.cpp
   ${CMAKE_CURRENT_LIST_DIR}/filestatus.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/format.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/format_directive.cpp
   ${CMAKE_CURRENT_LIST_DIR}/frame_wnd.cpp
   ${CMAKE_CURRENT_LIST_DIR}/global_memory.cpp
   ${CMAKE_CURRENT_LIST_DIR}/image_list.cpp
@@ -33,8 +30,6 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/ole.cpp
   ${CMAKE_CURRENT_LIST_DIR}/pixel_surface.cpp
   ${CMAKE_CURRENT_LIST_DIR}/png_header.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/resources.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/unicode.cpp
   ${CMAKE_CURRENT_LIST_DIR}/variant.cpp
   ${CMAKE_CURRENT_LIST_DIR}/window.cpp
   ${CMAKE_CURRENT_LIST_DIR}/window_dc.cpp
@@ -44,3 +39,10 @@ target_sources(vglobal_core_obj PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/window_menu.cpp
   ${CMAKE_CURRENT_LIST_DIR}/window_messages.cpp
   ${CMAKE_CURRENT_LIST_DIR}/window_timers.cpp)
+# Strings, formats and resources: beneath the readers of untrusted bytes.
+target_sources(vglobal_readers_obj PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/cstring.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/format.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/format_directive.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/resources.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/unicode.cpp)

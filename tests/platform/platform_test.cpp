@@ -40,7 +40,7 @@ TEST(HeadlessPlatform, MessageBoxWritesCaptionAndTextToStandardErrorAndAnswersOk
   EXPECT_EQ(headless.MessageBox(nullptr, L"No caption", nullptr, MB_OK), IDOK);
   const std::string written = ::testing::internal::GetCapturedStderr();
   EXPECT_EQ(written, "Save: Débit 5 µL\n" + headless.ApplicationName().ToUtf8() + ": No caption\n");
-  EXPECT_EQ(headless.ApplicationName(), L"platform_test");
+  EXPECT_EQ(headless.ApplicationName(), L"platform_tests");
 }
 
 TEST(HeadlessPlatform, DialogsAnswerCancel) {
