@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/qt/controls/control_binding.h"
+#include "platform/qt/controls/model_rows_delegate.h"
 #include "platform/qt/controls/images.h"
 #include "platform/qt/qt_text.h"
 
@@ -18,19 +19,11 @@ namespace {
 
 // Draws a row as the style does, then its text piece by piece: each piece after a
 // tab starts at the next tab stop (CListBox::NextTabStop).
-class TabStopDelegate final : public QStyledItemDelegate {
+class TabStopDelegate final : public ModelRowsDelegate {
  public:
   using NextStop = std::function<int(int x)>;  // -1: no tab stops
   TabStopDelegate(QObject* parent, NextStop nextStop)
-      : QStyledItemDelegate(parent), nextStop_(std::move(nextStop)) {}
-
-  int rowHeight = 0;
-
-  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    QSize size = QStyledItemDelegate::sizeHint(option, index);
-    if (rowHeight > 0) size.setHeight(rowHeight);
-    return size;
-  }
+      : ModelRowsDelegate(parent), nextStop_(std::move(nextStop)) {}
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {

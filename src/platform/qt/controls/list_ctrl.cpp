@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/qt/controls/control_binding.h"
+#include "platform/qt/controls/model_rows_delegate.h"
 #include "platform/qt/controls/images.h"
 #include "platform/qt/qt_text.h"
 
@@ -20,18 +21,12 @@ namespace {
 // Draws the cells as LVS_EX_ bits ask: without LVS_EX_FULLROWSELECT only the first
 // column of a selected row is highlighted; with LVS_EX_GRIDLINES each cell has a
 // line at its right and bottom edges.
-class CellDelegate final : public QStyledItemDelegate {
+class CellDelegate final : public ModelRowsDelegate {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  using ModelRowsDelegate::ModelRowsDelegate;
 
-  int rowHeight = 0;
   DWORD extendedStyle = 0;
 
-  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    QSize size = QStyledItemDelegate::sizeHint(option, index);
-    if (rowHeight > 0) size.setHeight(rowHeight);
-    return size;
-  }
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
     QStyleOptionViewItem opt(option);
