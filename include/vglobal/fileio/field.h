@@ -60,7 +60,7 @@ struct Field {
   template <typename TextType_ = Type,                                     \
             std::enable_if_t<std::is_same_v<TextType_, CString>, int> = 0> \
   void Name(const wchar_t* value) {                                        \
-    m_##Name = value ? value : L"";                                        \
+    m_##Name = TextType_(value ? value : L"");                             \
   }                                                                        \
                                                                            \
  private:                                                                  \
