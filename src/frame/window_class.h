@@ -11,18 +11,18 @@
 #include <optional>
 #include <string>
 
+#include "vglobal/compat/gdi.h"
 #include "vglobal/compat/types.h"
 
 namespace vglobal {
 
 using WindowProcedure = LRESULT (*)(HWND, UINT, WPARAM, LPARAM);
 
-// Class styles, cursors and stock brushes with their Windows values.
+// Class styles and cursors with their Windows values (stock brushes: gdi.h).
 constexpr UINT CS_VREDRAW = 0x0001;
 constexpr UINT CS_HREDRAW = 0x0002;
 constexpr UINT CS_GLOBALCLASS = 0x4000;
 constexpr UINT IDC_ARROW = 32512;
-constexpr int WHITE_BRUSH = 0;
 
 struct WindowClass {
   std::wstring name;

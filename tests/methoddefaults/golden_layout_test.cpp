@@ -27,9 +27,7 @@ enum class Choices { Usual, Other };
 
 CComponentIO FullComponent(Seed& seed, Choices choices = Choices::Usual) {
   CComponentIO c;
-  Populate(static_cast<vglobal::ComponentIdentification&>(c), seed);
-  Populate(static_cast<vglobal::ComponentCalibration&>(c), seed);
-  Populate(static_cast<vglobal::ComponentFlags&>(c), seed);
+  Populate(c, seed);
   const bool usual = choices == Choices::Usual;
   c.DetectorType(usual ? VIRTUAL_DEVICE_MS : VIRTUAL_DEVICE_PDA);
   c.UseAsRTReference(usual ? 0 : 1);

@@ -34,9 +34,7 @@ CComponentIO Component(int first, int levels) {
   Seed seed;
   for (int i = 0; i < first; ++i) seed.Whole(), seed.Real();
   CComponentIO c;
-  Populate(static_cast<vglobal::ComponentIdentification&>(c), seed);
-  Populate(static_cast<vglobal::ComponentCalibration&>(c), seed);
-  Populate(static_cast<vglobal::ComponentFlags&>(c), seed);
+  Populate(c, seed);
   c.DetectorType(VIRTUAL_DEVICE_MS);
   c.Type(0);
   c.UseAsRTReference(0);
